@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Installs what building and testing need on Debian 12 (run as root).
+# Does nothing when everything is there already.
+set -euo pipefail
+pkgs=(cmake make g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
+      mingw-w64-x86-64-dev wine64 wine xvfb xauth googletest imagemagick)
+missing=()
+for p in "${pkgs[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+if ((${#missing[@]})); then
+  echo "deps: installing ${missing[*]}"
+  export DEBIAN_FRONTEND=noninteractive
+  apt-get update -qq
+  apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+fi
