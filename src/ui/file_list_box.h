@@ -1,0 +1,38 @@
+#pragma once
+#include <string>
+
+#include "ui/list_box.h"
+
+namespace wh {
+
+// The files of Path that match Pattern ("*.tmp;*.bak", several masks split
+// by ";"), sorted by name without regard to case as the OS file list is.
+// Attribute switches: a file with a set attribute shows only when its
+// switch is on; a file with none of them shows when Normal is on.
+class FileListBox : public ListBox {
+public:
+  FileListBox(Form& form, std::string name, const Place& place,
+              const ListBox::Options& options = {});
+
+  std::string Path() const { return path_; }
+  void Path(const std::string& path);  // raises 76 for a missing folder
+  std::string Pattern() const { return pattern_; }
+  void Pattern(const std::string& pattern);
+  bool Archive = true;
+  bool Normal = true;
+  bool ReadOnly = true;
+  bool Hidden = false;
+  bool System = false;
+  // Reads the folder again; the switches above take effect here.
+  void Refresh();
+  // The current row's name, "" when none.
+  std::string FileName() const;
+
+  Event PathChange, PatternChange;
+
+private:
+  std::string path_;
+  std::string pattern_ = "*.*";
+};
+
+}  // namespace wh
