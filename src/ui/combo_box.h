@@ -42,12 +42,14 @@ public:
   Event Change;
   KeyEvent KeyDown;
 
+  void Move(int left, int top, int width, int height) override;
   void on_command(int code) override;
+  bool on_message(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result) override;
 
-private:
+protected:
   Options options_;
   int new_index_ = -1;
-  int last_index_ = -1;
+  int last_index_ = -1;  // for Click only on a change of row
   bool quiet_ = false;
 };
 

@@ -3,6 +3,7 @@
 // mouse events, and the hooks through which the owning window routes
 // WM_COMMAND, WM_NOTIFY, WM_DRAWITEM and WM_CTLCOLOR* back to the object.
 #include <windows.h>
+#include <shellapi.h>
 
 #include <functional>
 #include <string>
@@ -54,7 +55,7 @@ public:
   bool Enabled() const;
   void Enabled(bool v);
 
-  void Move(int left, int top, int width, int height);
+  virtual void Move(int left, int top, int width, int height);
   int Left() const;
   int Top() const;
   int Width() const;
@@ -97,6 +98,12 @@ protected:
   std::string window_text() const;
   void window_text(const std::string& text);
   HWND parent_hwnd() const { return ::GetParent(hwnd_); }
+  // Colours the control has when the program sets none (edits and lists
+  // are white, the rest button face).
+  void default_colors(COLORREF fore, COLORREF back) {
+    fore_ = fore;
+    back_ = back;
+  }
 
   // Labels, images, frames and pictures capture the mouse on a press and
   // make Click from press and release themselves, as the standard controls'
@@ -132,5 +139,20 @@ private:
 
 // For children drawn transparently: the container's background under `child`.
 void paint_parent_background(HWND child, HDC dc);
+
+namespace detail {
+// The mouse events of a form or a control, from its window's messages.
+struct MouseEvents {
+  MouseEvent& down;
+  MouseEvent& move;
+  MouseEvent& up;
+  Event& click;
+  Event& dbl_click;
+  bool own_clicks;  // capture on press, Click on release, DblClick
+  bool& pressed;
+};
+void mouse_message(HWND w, UINT msg, WPARAM wp, LPARAM lp, const MouseEvents& ev);
+std::vector<std::string> dropped_files(HDROP drop);
+}  // namespace detail
 
 }  // namespace wh

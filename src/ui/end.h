@@ -19,6 +19,7 @@ void end_program(int code = 0);
 
 // Number of hooked ends so far (0 without a hook). do_events() compares it.
 int hooked_end_count();
+int hooked_end_code();  // of the last hooked end
 
 // Installs itself in place of the real end; the previous one comes back
 // when the scope closes. Hooks nest.

@@ -130,6 +130,7 @@ private:
   COLORREF back_ = system_color(COLOR_BTNFACE);
   int next_id_ = 1000;
   bool pressed_ = false;
+  int pending_state_ = -1;  // WindowState set while hidden
   std::vector<std::unique_ptr<Control>> controls_;
   std::vector<std::unique_ptr<Timer>> timers_;
   std::map<std::string, Control*> by_name_;

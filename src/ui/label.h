@@ -26,6 +26,7 @@ public:
   void transparent(bool on);
   void Alignment(LabelAlignment a);
 
+  bool on_draw_item(DRAWITEMSTRUCT& d) override;
   bool on_message(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result) override;
 
 private:

@@ -59,18 +59,16 @@ protected:
   ListBox(Form& form, std::string name, const Place& place, const Options& options,
           DWORD extra_style);
   bool multi() const { return options_.multi_select != multi_none; }
-  // Rows of the window, no check.
   int rows() const { return static_cast<int>(send(LB_GETCOUNT)); }
-  void fire_click_if_changed();
-  void reset_current() { current_set_ = false; }
+  void check_row(int index) const;  // raises 381 outside the rows
+  // After the rows were replaced: no current row until one is chosen.
+  void forget_current() { current_set_ = false; }
 
   Options options_;
   int new_index_ = -1;
 
 private:
-  int snapshot() const;  // selection fingerprint for change detection
-  int last_snapshot_ = -1;
-  bool current_set_ = false;
+  bool current_set_ = false;  // multi-select: a row got the focus rectangle
 };
 
 }  // namespace wh

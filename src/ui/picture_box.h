@@ -40,7 +40,9 @@ public:
 
   // The memory surface, for BitBlt; Refresh() after drawing on it directly.
   HDC hdc() const { return mem_.get(); }
-  HBITMAP image() const { return surface_.get(); }
+  // A copy of what the surface shows now (the surface itself stays
+  // selected in its DC, where GetDIBits and icons can't use it).
+  Picture Image() const;
   int ScaleWidth() const;
   int ScaleHeight() const;
 
