@@ -5,7 +5,9 @@
 // <windows.h> comes first on purpose: DeleteFile, CopyFile and MoveFile are
 // its macros (-> ...A). Including it here means the member declarations and
 // every call site are rewritten the same way, so `file_system().DeleteFile`
-// works whether or not the caller included <windows.h> itself.
+// works whether or not the caller included <windows.h> itself. Inside the
+// members the Win32 calls must be written ::CopyFileA and so on: unqualified,
+// CopyFileA finds the member first and calls itself.
 #include <windows.h>
 
 #include <string>
@@ -65,7 +67,7 @@ public:
   bool IsReady() const;
   // 71 when the drive is not ready.
   int FreeSpace(double& bytes) const;       // free to the caller (quotas)
-  int AvailableSpace(double& bytes) const;  // same figure, as the object has both
+  int AvailableSpace(double& bytes) const;  // the same figure
   int TotalSize(double& bytes) const;
   int VolumeName(std::string& name) const;
   int FileSystem(std::string& name) const;

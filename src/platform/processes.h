@@ -28,9 +28,10 @@ struct ProcessResult {
 };
 // CreateProcessA with no application name, the command line as given,
 // handles inherited, normal priority. With `wait`, blocks without limit
-// (no message pumping) and fetches the exit code.
+// (no message pumping) and fetches the exit code. `show` < 0 leaves the
+// start-up record empty, so the child picks its own window state.
 int create_process(const std::string& cmdline, bool wait, ProcessResult& result,
-                   WORD show = SW_SHOWNORMAL);
+                   int show = -1);
 
 struct WindowEntry {
   HWND hwnd = nullptr;

@@ -36,6 +36,8 @@ LONG reg_query_value(HKEY key, const std::string& name, DWORD* type, void* buffe
 LONG reg_set_value(HKEY key, const std::string& name, DWORD type, const void* data,
                    DWORD size);
 // The same with the bytes of a string (no NUL added: append one to store it).
+// Wine quirk: a REG_SZ written without its NUL gains one, so it reads back
+// one byte longer than it was written.
 LONG reg_set_value(HKEY key, const std::string& name, DWORD type, const std::string& bytes);
 LONG reg_set_dword(HKEY key, const std::string& name, DWORD value);
 // RegSetValueA: the default (unnamed) REG_SZ value of subkey, made if missing.

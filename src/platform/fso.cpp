@@ -1,0 +1,606 @@
+#include "platform/fso.h"
+
+#include <vector>
+
+#include "platform/handles.h"
+#include "platform/rt_error.h"
+
+namespace wh {
+
+int rt_from_win32(DWORD error) {
+  switch (error) {
+    case ERROR_SUCCESS: return rt_ok;
+    case ERROR_FILE_NOT_FOUND: return rt_file_not_found;
+    case ERROR_PATH_NOT_FOUND: return rt_path_not_found;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT: return rt_permission_denied;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS: return rt_file_exists;
+    case ERROR_HANDLE_DISK_FULL:
+    case ERROR_DISK_FULL: return rt_disk_full;
+    case ERROR_NOT_READY: return rt_disk_not_ready;
+    case ERROR_INVALID_DRIVE: return rt_device_unavailable;
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME: return rt_bad_file_name_or_number;
+    default: return rt_path_file_access;
+  }
+}
+
+namespace {
+
+bool is_sep(char c) { return c == '\\' || c == '/'; }
+
+bool has_wildcards(const std::string& s) { return s.find_first_of("*?") != std::string::npos; }
+
+bool is_dots(const char* name) {
+  return name[0] == '.' && (name[1] == 0 || (name[1] == '.' && name[2] == 0));
+}
+
+// Length of the root part: "C:\" 3, "C:" 2, "\" 1, "\\server\share\" whole, else 0.
+size_t root_length(const std::string& p) {
+  if (p.size() >= 2 && is_sep(p[0]) && is_sep(p[1])) {
+    size_t i = 2;
+    for (int part = 0; part < 2; ++part) {
+      while (i < p.size() && !is_sep(p[i])) ++i;
+      if (part == 0 && i < p.size()) ++i;
+    }
+    if (i < p.size()) ++i;
+    return i;
+  }
+  if (p.size() >= 2 && p[1] == ':') return p.size() >= 3 && is_sep(p[2]) ? 3 : 2;
+  if (!p.empty() && is_sep(p[0])) return 1;
+  return 0;
+}
+
+// The path split into its root and its last component; trailing separators
+// are dropped first, as the scripting object does.
+struct Split {
+  std::string root;    // as in root_length
+  std::string parent;  // text before the last component, separators trimmed
+  std::string name;    // last component, may be empty
+};
+
+Split split(const std::string& path) {
+  Split s;
+  size_t root = root_length(path);
+  s.root = path.substr(0, root);
+  size_t end = path.size();
+  while (end > root && is_sep(path[end - 1])) --end;
+  size_t start = end;
+  while (start > root && !is_sep(path[start - 1])) --start;
+  s.name = path.substr(start, end - start);
+  size_t pend = start;
+  while (pend > root && is_sep(path[pend - 1])) --pend;
+  s.parent = path.substr(0, pend);
+  return s;
+}
+
+std::string join(const std::string& folder, const std::string& name) {
+  if (folder.empty()) return name;
+  if (is_sep(folder.back())) return folder + name;
+  return folder + '\\' + name;
+}
+
+// Folder part of a spec whose last component may hold wildcards: what
+// FindFirstFile results are joined to.
+std::string spec_folder(const std::string& spec) {
+  size_t i = spec.find_last_of("\\/");
+  if (i == std::string::npos) return spec.size() >= 2 && spec[1] == ':' ? spec.substr(0, 2) : "";
+  return spec.substr(0, i + 1);
+}
+
+std::string strip_trailing_seps(const std::string& path) {
+  size_t root = root_length(path);
+  size_t end = path.size();
+  while (end > root && is_sep(path[end - 1])) --end;
+  return path.substr(0, end);
+}
+
+double size_of(const WIN32_FIND_DATAA& fd) {
+  return static_cast<double>(fd.nFileSizeHigh) * 4294967296.0 + fd.nFileSizeLow;
+}
+
+// No "insert a disk" boxes while probing removable and network drives.
+class QuietErrors {
+public:
+  QuietErrors() : old_(SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX)) {}
+  ~QuietErrors() { SetErrorMode(old_); }
+  QuietErrors(const QuietErrors&) = delete;
+  QuietErrors& operator=(const QuietErrors&) = delete;
+
+private:
+  UINT old_;
+};
+
+// FindExInfoBasic skips the short names and LARGE_FETCH asks for bigger
+// batches: together the cheapest listing. Windows before 7 (and some Wine
+// builds) refuse them with ERROR_INVALID_PARAMETER; then the plain call is
+// used from there on.
+bool g_basic_find_refused = false;
+
+HANDLE find_first(const std::string& pattern, WIN32_FIND_DATAA& fd) {
+  if (!g_basic_find_refused) {
+    HANDLE h = FindFirstFileExA(pattern.c_str(), FindExInfoBasic, &fd, FindExSearchNameMatch,
+                                nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_INVALID_PARAMETER) return h;
+    g_basic_find_refused = true;
+  }
+  return FindFirstFileA(pattern.c_str(), &fd);
+}
+
+// Lists `pattern`, calling f for each entry but "." and "..". 0 when the
+// listing opened (even if empty), else the Win32 error.
+template <class F>
+DWORD list(const std::string& pattern, F&& f) {
+  WIN32_FIND_DATAA fd;
+  FindHandle h(find_first(pattern, fd));
+  if (!h) return GetLastError();
+  do {
+    if (!is_dots(fd.cFileName)) f(fd);
+  } while (FindNextFileA(h.get(), &fd));
+  return ERROR_SUCCESS;
+}
+
+// The matches of a spec, kept apart by kind. A failed listing counts as no match.
+std::vector<WIN32_FIND_DATAA> matches(const std::string& spec, bool folders) {
+  std::vector<WIN32_FIND_DATAA> out;
+  list(spec, [&](const WIN32_FIND_DATAA& fd) {
+    if (((fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folders) out.push_back(fd);
+  });
+  return out;
+}
+
+constexpr DWORD kProtected = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
+                             FILE_ATTRIBUTE_SYSTEM;
+
+int delete_one_file(const std::string& path, DWORD attributes, bool force) {
+  if (attributes & FILE_ATTRIBUTE_READONLY) {
+    if (!force) return rt_permission_denied;
+  }
+  if (force && (attributes & kProtected)) SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (!::DeleteFileA(path.c_str())) return rt_from_win32(GetLastError());
+  return rt_ok;
+}
+
+int delete_tree(const std::string& path, DWORD attributes, bool force) {
+  // A junction or symbolic link goes as a link: never walk into its target.
+  if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) {
+    std::vector<WIN32_FIND_DATAA> entries;
+    DWORD e = list(join(path, "*"), [&](const WIN32_FIND_DATAA& fd) { entries.push_back(fd); });
+    if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && e != ERROR_NO_MORE_FILES)
+      return rt_from_win32(e);
+    for (const auto& fd : entries) {
+      std::string child = join(path, fd.cFileName);
+      int r = (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+                  ? delete_tree(child, fd.dwFileAttributes, force)
+                  : delete_one_file(child, fd.dwFileAttributes, force);
+      if (r) return r;
+    }
+  }
+  if (attributes & FILE_ATTRIBUTE_READONLY) {
+    if (!force) return rt_permission_denied;
+  }
+  if (force && (attributes & kProtected)) SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (!RemoveDirectoryA(path.c_str())) return rt_from_win32(GetLastError());
+  return rt_ok;
+}
+
+int copy_tree(const std::string& from, const std::string& to, bool overwrite) {
+  if (!CreateDirectoryA(to.c_str(), nullptr)) {
+    DWORD e = GetLastError();
+    if (e != ERROR_ALREADY_EXISTS) return rt_from_win32(e);
+    DWORD a = GetFileAttributesA(to.c_str());
+    if (!(a & FILE_ATTRIBUTE_DIRECTORY)) return rt_file_exists;
+  }
+  std::vector<WIN32_FIND_DATAA> entries;
+  DWORD e = list(join(from, "*"), [&](const WIN32_FIND_DATAA& fd) { entries.push_back(fd); });
+  if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && e != ERROR_NO_MORE_FILES)
+    return rt_from_win32(e);
+  for (const auto& fd : entries) {
+    std::string src = join(from, fd.cFileName);
+    std::string dst = join(to, fd.cFileName);
+    int r = rt_ok;
+    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+      r = copy_tree(src, dst, overwrite);
+    } else if (!::CopyFileA(src.c_str(), dst.c_str(), !overwrite)) {
+      r = rt_from_win32(GetLastError());
+    }
+    if (r) return r;
+  }
+  return rt_ok;
+}
+
+bool same_or_inside(const std::string& inner, const std::string& outer) {
+  if (inner.size() < outer.size()) return false;
+  if (CompareStringA(LOCALE_SYSTEM_DEFAULT, NORM_IGNORECASE, inner.c_str(),
+                     static_cast<int>(outer.size()), outer.c_str(),
+                     static_cast<int>(outer.size())) != CSTR_EQUAL)
+    return false;
+  return inner.size() == outer.size() || is_sep(inner[outer.size()]);
+}
+
+// Destination of one source under the "ends in \ means into" rule.
+std::string target_for(const std::string& destination, const std::string& name, bool into) {
+  return into ? join(destination, name) : destination;
+}
+
+}  // namespace
+
+// --- Folder
+
+Folder::Folder(std::string path) : path_(std::move(path)) {}
+
+std::string Folder::Name() const { return split(path_).name; }
+
+bool Folder::IsRootFolder() const { return split(path_).name.empty(); }
+
+int Folder::Files(std::vector<File>& out) const {
+  out.clear();
+  DWORD e = list(join(path_, "*"), [&](const WIN32_FIND_DATAA& fd) {
+    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return;
+    out.push_back(File{fd.cFileName, join(path_, fd.cFileName), size_of(fd), fd.dwFileAttributes});
+  });
+  return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
+}
+
+int Folder::SubFolders(std::vector<Folder>& out) const {
+  out.clear();
+  DWORD e = list(join(path_, "*"), [&](const WIN32_FIND_DATAA& fd) {
+    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) out.emplace_back(join(path_, fd.cFileName));
+  });
+  return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
+}
+
+std::vector<File> Folder::Files() const {
+  std::vector<File> out;
+  Files(out);
+  return out;
+}
+
+std::vector<Folder> Folder::SubFolders() const {
+  std::vector<Folder> out;
+  SubFolders(out);
+  return out;
+}
+
+int Folder::Size(double& size) const {
+  // One listing per folder and no file opened: the sizes come with the
+  // entries. Junctions are counted as empty rather than followed, which keeps
+  // the walk finite and keeps linked trees from being counted twice.
+  size = 0;
+  int result = rt_ok;
+  std::vector<std::string> pending{path_};
+  std::string pattern;
+  while (!pending.empty()) {
+    std::string folder = std::move(pending.back());
+    pending.pop_back();
+    pattern = join(folder, "*");
+    DWORD e = list(pattern, [&](const WIN32_FIND_DATAA& fd) {
+      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+        if (!(fd.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
+          pending.push_back(join(folder, fd.cFileName));
+      } else {
+        size += size_of(fd);
+      }
+    });
+    if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && result == rt_ok)
+      result = e == ERROR_PATH_NOT_FOUND ? rt_path_not_found : rt_permission_denied;
+  }
+  return result;
+}
+
+// --- Drive
+
+Drive::Drive(char letter)
+    : letter_(letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter) {}
+
+std::string Drive::Path() const { return std::string{letter_, ':'}; }
+
+std::string Drive::RootPath() const { return std::string{letter_, ':', '\\'}; }
+
+int Drive::DriveType() const {
+  switch (GetDriveTypeA(RootPath().c_str())) {
+    case DRIVE_REMOVABLE: return 1;
+    case DRIVE_FIXED: return 2;
+    case DRIVE_REMOTE: return 3;
+    case DRIVE_CDROM: return 4;
+    case DRIVE_RAMDISK: return 5;
+    default: return 0;
+  }
+}
+
+bool Drive::IsReady() const {
+  QuietErrors quiet;
+  return GetVolumeInformationA(RootPath().c_str(), nullptr, 0, nullptr, nullptr, nullptr,
+                               nullptr, 0) != 0;
+}
+
+namespace {
+// Free space is what the caller may use (quotas honoured), as the
+// scripting object reports it for both FreeSpace and AvailableSpace.
+int disk_space(const Drive& d, bool total_size, double& bytes) {
+  QuietErrors quiet;
+  ULARGE_INTEGER avail{}, total{}, free{};
+  bytes = 0;
+  if (!GetDiskFreeSpaceExA(d.RootPath().c_str(), &avail, &total, &free))
+    return rt_from_win32(GetLastError());
+  bytes = static_cast<double>(total_size ? total.QuadPart : avail.QuadPart);
+  return rt_ok;
+}
+}  // namespace
+
+int Drive::FreeSpace(double& bytes) const { return disk_space(*this, false, bytes); }
+int Drive::AvailableSpace(double& bytes) const { return disk_space(*this, false, bytes); }
+int Drive::TotalSize(double& bytes) const { return disk_space(*this, true, bytes); }
+
+int Drive::VolumeName(std::string& name) const {
+  QuietErrors quiet;
+  char buf[MAX_PATH + 1] = {};
+  name.clear();
+  if (!GetVolumeInformationA(RootPath().c_str(), buf, sizeof buf, nullptr, nullptr, nullptr,
+                             nullptr, 0))
+    return rt_from_win32(GetLastError());
+  name = buf;
+  return rt_ok;
+}
+
+int Drive::FileSystem(std::string& name) const {
+  QuietErrors quiet;
+  char buf[MAX_PATH + 1] = {};
+  name.clear();
+  if (!GetVolumeInformationA(RootPath().c_str(), nullptr, 0, nullptr, nullptr, nullptr, buf,
+                             sizeof buf))
+    return rt_from_win32(GetLastError());
+  name = buf;
+  return rt_ok;
+}
+
+// --- FileSystemObject: objects and tests
+
+int FileSystemObject::GetFolder(const std::string& path, Folder& out) const {
+  if (path.empty() || has_wildcards(path)) return rt_path_not_found;
+  std::string full = GetAbsolutePathName(path);
+  DWORD a = GetFileAttributesA(full.c_str());
+  if (a == INVALID_FILE_ATTRIBUTES) {
+    DWORD e = GetLastError();
+    return e == ERROR_NOT_READY ? rt_disk_not_ready : rt_path_not_found;
+  }
+  if (!(a & FILE_ATTRIBUTE_DIRECTORY)) return rt_path_not_found;
+  out = Folder(full);
+  return rt_ok;
+}
+
+int FileSystemObject::GetFile(const std::string& path, File& out) const {
+  if (path.empty() || has_wildcards(path)) return rt_file_not_found;
+  std::string full = GetAbsolutePathName(path);
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!GetFileAttributesExA(full.c_str(), GetFileExInfoStandard, &data)) {
+    DWORD e = GetLastError();
+    return e == ERROR_NOT_READY ? rt_disk_not_ready : rt_file_not_found;
+  }
+  if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return rt_file_not_found;
+  out.Name = split(full).name;
+  out.Path = full;
+  out.Size = static_cast<double>(data.nFileSizeHigh) * 4294967296.0 + data.nFileSizeLow;
+  out.Attributes = data.dwFileAttributes;
+  return rt_ok;
+}
+
+namespace {
+// "C", "C:", "C:\" -> the letter; anything else -> 0.
+char drive_letter_of(const std::string& spec) {
+  if (spec.empty() || spec.size() > 3) return 0;
+  char c = spec[0];
+  if (!((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))) return 0;
+  if (spec.size() >= 2 && spec[1] != ':') return 0;
+  if (spec.size() == 3 && !is_sep(spec[2])) return 0;
+  return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+bool letter_present(char letter) { return (GetLogicalDrives() >> (letter - 'A')) & 1u; }
+}  // namespace
+
+int FileSystemObject::GetDrive(const std::string& spec, Drive& out) const {
+  char letter = drive_letter_of(spec);
+  if (!letter) return rt_invalid_call;
+  if (!letter_present(letter)) return rt_device_unavailable;
+  out = Drive(letter);
+  return rt_ok;
+}
+
+std::vector<Drive> FileSystemObject::Drives() const {
+  std::vector<Drive> out;
+  DWORD mask = GetLogicalDrives();
+  for (int i = 0; i < 26; ++i)
+    if (mask & (1u << i)) out.emplace_back(static_cast<char>('A' + i));
+  return out;
+}
+
+bool FileSystemObject::FileExists(const std::string& path) const {
+  if (path.empty() || has_wildcards(path)) return false;
+  DWORD a = GetFileAttributesA(path.c_str());
+  return a != INVALID_FILE_ATTRIBUTES && !(a & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool FileSystemObject::FolderExists(const std::string& path) const {
+  if (path.empty() || has_wildcards(path)) return false;
+  DWORD a = GetFileAttributesA(path.c_str());
+  return a != INVALID_FILE_ATTRIBUTES && (a & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool FileSystemObject::DriveExists(const std::string& spec) const {
+  if (char letter = drive_letter_of(spec)) return letter_present(letter);
+  if (spec.size() > 2 && is_sep(spec[0]) && is_sep(spec[1])) {
+    QuietErrors quiet;
+    std::string root = GetDriveName(spec) + '\\';
+    return GetFileAttributesA(root.c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+  return false;
+}
+
+// --- FileSystemObject: changes
+
+int FileSystemObject::DeleteFile(const std::string& spec, bool force) const {
+  std::string folder = spec_folder(spec);
+  auto found = matches(spec, false);
+  if (found.empty()) return rt_file_not_found;
+  for (const auto& fd : found) {
+    int r = delete_one_file(folder + fd.cFileName, fd.dwFileAttributes, force);
+    if (r) return r;
+  }
+  return rt_ok;
+}
+
+int FileSystemObject::DeleteFolder(const std::string& spec, bool force) const {
+  // A trailing backslash names the folder itself; a bare root is never a match.
+  std::string s = strip_trailing_seps(spec);
+  if (split(s).name.empty()) return rt_path_not_found;
+  std::string folder = spec_folder(s);
+  auto found = matches(s, true);
+  if (found.empty()) return rt_path_not_found;
+  for (const auto& fd : found) {
+    int r = delete_tree(folder + fd.cFileName, fd.dwFileAttributes, force);
+    if (r) return r;
+  }
+  return rt_ok;
+}
+
+int FileSystemObject::CopyFile(const std::string& source, const std::string& destination,
+                               bool overwrite) const {
+  std::string folder = spec_folder(source);
+  auto found = matches(source, false);
+  if (found.empty()) return rt_file_not_found;
+  bool into = !destination.empty() && is_sep(destination.back());
+  if (has_wildcards(split(source).name)) into = true;
+  if (into && !FolderExists(destination)) return rt_path_not_found;
+  for (const auto& fd : found) {
+    std::string to = target_for(destination, fd.cFileName, into);
+    if (!::CopyFileA((folder + fd.cFileName).c_str(), to.c_str(), !overwrite))
+      return rt_from_win32(GetLastError());
+  }
+  return rt_ok;
+}
+
+int FileSystemObject::CopyFolder(const std::string& source, const std::string& destination,
+                                 bool overwrite) const {
+  std::string s = strip_trailing_seps(source);
+  if (split(s).name.empty()) return rt_path_not_found;
+  std::string folder = spec_folder(s);
+  auto found = matches(s, true);
+  if (found.empty()) return rt_path_not_found;
+  bool into = !destination.empty() && is_sep(destination.back());
+  if (has_wildcards(split(s).name)) into = true;
+  if (into && !FolderExists(destination)) return rt_path_not_found;
+  for (const auto& fd : found) {
+    std::string from = folder + fd.cFileName;
+    std::string to = strip_trailing_seps(target_for(destination, fd.cFileName, into));
+    // Copying a folder into itself would never end.
+    if (same_or_inside(GetAbsolutePathName(to), GetAbsolutePathName(from)))
+      return rt_permission_denied;
+    if (int r = copy_tree(from, to, overwrite)) return r;
+  }
+  return rt_ok;
+}
+
+int FileSystemObject::MoveFile(const std::string& source, const std::string& destination) const {
+  std::string folder = spec_folder(source);
+  auto found = matches(source, false);
+  if (found.empty()) return rt_file_not_found;
+  bool into = !destination.empty() && is_sep(destination.back());
+  if (has_wildcards(split(source).name)) into = true;
+  if (into && !FolderExists(destination)) return rt_path_not_found;
+  for (const auto& fd : found) {
+    std::string to = target_for(destination, fd.cFileName, into);
+    if (!::MoveFileA((folder + fd.cFileName).c_str(), to.c_str()))
+      return rt_from_win32(GetLastError());
+  }
+  return rt_ok;
+}
+
+int FileSystemObject::MoveFolder(const std::string& source,
+                                 const std::string& destination) const {
+  std::string s = strip_trailing_seps(source);
+  if (split(s).name.empty()) return rt_path_not_found;
+  std::string folder = spec_folder(s);
+  auto found = matches(s, true);
+  if (found.empty()) return rt_path_not_found;
+  bool into = !destination.empty() && is_sep(destination.back());
+  if (has_wildcards(split(s).name)) into = true;
+  if (into && !FolderExists(destination)) return rt_path_not_found;
+  for (const auto& fd : found) {
+    std::string to = strip_trailing_seps(target_for(destination, fd.cFileName, into));
+    if (!::MoveFileA((folder + fd.cFileName).c_str(), to.c_str()))
+      return rt_from_win32(GetLastError());
+  }
+  return rt_ok;
+}
+
+int FileSystemObject::CreateFolder(const std::string& path) const {
+  if (path.empty()) return rt_path_not_found;
+  if (CreateDirectoryA(path.c_str(), nullptr)) return rt_ok;
+  return rt_from_win32(GetLastError());
+}
+
+// --- FileSystemObject: path text
+
+std::string FileSystemObject::GetFileName(const std::string& path) const {
+  return split(path).name;
+}
+
+std::string FileSystemObject::GetBaseName(const std::string& path) const {
+  std::string name = split(path).name;
+  size_t dot = name.rfind('.');
+  return dot == std::string::npos ? name : name.substr(0, dot);
+}
+
+std::string FileSystemObject::GetExtensionName(const std::string& path) const {
+  std::string name = split(path).name;
+  size_t dot = name.rfind('.');
+  return dot == std::string::npos ? std::string() : name.substr(dot + 1);
+}
+
+std::string FileSystemObject::GetParentFolderName(const std::string& path) const {
+  Split s = split(path);
+  if (s.name.empty()) return "";  // a root, or nothing at all, has no parent
+  return s.parent;
+}
+
+std::string FileSystemObject::GetDriveName(const std::string& path) const {
+  if (path.size() >= 2 && path[1] == ':') return path.substr(0, 2);
+  if (path.size() > 2 && is_sep(path[0]) && is_sep(path[1])) {
+    // "\\server\share" without anything after it.
+    size_t i = path.find_first_of("\\/", 2);
+    if (i == std::string::npos) return path;
+    size_t j = path.find_first_of("\\/", i + 1);
+    return j == std::string::npos ? path : path.substr(0, j);
+  }
+  return "";
+}
+
+std::string FileSystemObject::BuildPath(const std::string& path, const std::string& name) const {
+  if (path.empty()) return name;
+  bool path_sep = is_sep(path.back());
+  bool drive_only = path.size() == 2 && path[1] == ':';
+  size_t skip = 0;
+  while (skip < name.size() && is_sep(name[skip])) ++skip;
+  if (path_sep) return path + name.substr(skip);
+  if (drive_only) return path + name;
+  if (skip > 0) return path + '\\' + name.substr(skip);
+  return path + '\\' + name;
+}
+
+std::string FileSystemObject::GetAbsolutePathName(const std::string& path) const {
+  char buf[MAX_PATH * 2];
+  DWORD n = GetFullPathNameA(path.empty() ? "." : path.c_str(), sizeof buf, buf, nullptr);
+  if (n == 0 || n >= sizeof buf) return path;
+  return strip_trailing_seps(std::string(buf, n));
+}
+
+FileSystemObject& file_system() {
+  static FileSystemObject instance;
+  return instance;
+}
+
+}  // namespace wh
