@@ -1,0 +1,119 @@
+#include "platform/processes.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/rt_error.h"
+
+namespace wh {
+namespace {
+
+const ProcessEntry* find_pid(const std::vector<ProcessEntry>& list, DWORD pid) {
+  auto it = std::find_if(list.begin(), list.end(),
+                         [pid](const ProcessEntry& e) { return e.pid == pid; });
+  return it == list.end() ? nullptr : &*it;
+}
+
+TEST(Processes, SnapshotFindsThisProcess) {
+  std::vector<ProcessEntry> list;
+  ASSERT_EQ(rt_ok, process_snapshot(list));
+  const ProcessEntry* me = find_pid(list, GetCurrentProcessId());
+  ASSERT_NE(nullptr, me);
+  EXPECT_EQ(0, lstrcmpiA("test_platform.exe", me->exe.c_str())) << me->exe;
+  EXPECT_GE(me->threads, 1u);
+}
+
+TEST(Processes, ChildExitCodeWhenWaited) {
+  ProcessResult r;
+  ASSERT_EQ(rt_ok, create_process("C:\\windows\\system32\\cmd.exe /c exit 3", true, r));
+  EXPECT_NE(0u, r.pid);
+  EXPECT_EQ(3u, r.exit_code);
+  EXPECT_EQ(rt_file_not_found, create_process("C:\\windows\\no_such_program.exe", true, r));
+}
+
+TEST(Processes, ChildShowsInSnapshotAndCanBeTerminated) {
+  ProcessResult r;
+  ASSERT_EQ(rt_ok, create_process("C:\\windows\\system32\\notepad.exe", false, r));
+  // Our own handle, to see the end without timing anything.
+  HANDLE h = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, r.pid);
+  ASSERT_NE(nullptr, h);
+
+  std::vector<ProcessEntry> list;
+  ASSERT_EQ(rt_ok, process_snapshot(list));
+  const ProcessEntry* child = find_pid(list, r.pid);
+  ASSERT_NE(nullptr, child);
+  EXPECT_EQ(GetCurrentProcessId(), child->parent_pid);
+  EXPECT_EQ(0, lstrcmpiA("notepad.exe", child->exe.c_str())) << child->exe;
+
+  EXPECT_EQ(rt_ok, terminate_process(r.pid, 7));
+  EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(h, INFINITE));
+  DWORD code = 0;
+  GetExitCodeProcess(h, &code);
+  EXPECT_EQ(7u, code);
+  CloseHandle(h);
+}
+
+TEST(Windows, OwnTopLevelWindowIsListed) {
+  HWND w = CreateWindowExA(0, "STATIC", "wh probe window", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
+                           0, 100, 50, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+  ASSERT_NE(nullptr, w);
+  auto windows = top_level_windows();
+  auto it = std::find_if(windows.begin(), windows.end(),
+                         [w](const WindowEntry& e) { return e.hwnd == w; });
+  ASSERT_NE(windows.end(), it);
+  EXPECT_EQ("wh probe window", it->title);
+  EXPECT_TRUE(it->visible);
+  EXPECT_EQ(GetCurrentProcessId(), it->pid);
+  EXPECT_EQ(nullptr, it->owner);
+
+  send_message(w, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("renamed"));
+  EXPECT_EQ("renamed", get_window_text(w));
+  DestroyWindow(w);
+  EXPECT_EQ("", get_window_text(w));
+}
+
+TEST(SingleInstanceTest, SecondHolderSeesTheFirst) {
+  std::string name = "WhTestMutex" + std::to_string(GetCurrentProcessId());
+  {
+    SingleInstance first(name);
+    EXPECT_FALSE(first.previous_instance());
+    SingleInstance second(name);
+    EXPECT_TRUE(second.previous_instance());
+  }
+  SingleInstance again(name);
+  EXPECT_FALSE(again.previous_instance()) << "released with its holders";
+}
+
+TEST(CommandTail, WhatFollowsTheProgramName) {
+  EXPECT_EQ("\"D:\\x y\\f.txt\"", command_tail_of("\"C:\\Program Files\\wh.exe\" \"D:\\x y\\f.txt\""));
+  EXPECT_EQ("C:\\a.txt", command_tail_of("wh.exe C:\\a.txt"));
+  EXPECT_EQ("start", command_tail_of("C:\\wh\\wh.exe start"));
+  EXPECT_EQ(" two  blanks ", command_tail_of("wh.exe  two  blanks ")) << "only one blank goes";
+  EXPECT_EQ("X", command_tail_of("\"C:\\wh.exe\"X"));
+  EXPECT_EQ("", command_tail_of("wh.exe"));
+  EXPECT_EQ("", command_tail_of("\"C:\\Program Files\\wh.exe\""));
+  EXPECT_EQ("", command_tail_of("\"C:\\unclosed quote.exe arg"));
+  EXPECT_EQ("", command_tail_of(""));
+}
+
+TEST(SystemInfo, NtFamilyAndModules) {
+  EXPECT_TRUE(version_is_nt());
+
+  Module kernel("kernel32.dll");
+  ASSERT_TRUE(kernel.loaded());
+  using TickFn = DWORD(WINAPI*)();
+  auto tick = kernel.proc_as<TickFn>("GetTickCount");
+  ASSERT_NE(nullptr, tick);
+  EXPECT_NE(0u, tick());
+  EXPECT_EQ(nullptr, kernel.proc("NoSuchExport"));
+
+  Module missing;
+  EXPECT_EQ(rt_file_not_found, missing.load("no_such_library.dll"));
+  EXPECT_FALSE(missing.loaded());
+  EXPECT_EQ(nullptr, missing.proc("DllRegisterServer"));
+}
+
+}  // namespace
+}  // namespace wh

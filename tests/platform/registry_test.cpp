@@ -1,0 +1,134 @@
+#include "platform/registry.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "support/scratch.h"
+
+namespace wh {
+namespace {
+
+using test::ScratchKey;
+
+TEST(Registry, ValuesRoundTripAsRawBytes) {
+  ScratchKey scratch("values");
+  RegKey k;
+  ASSERT_EQ(ERROR_SUCCESS, k.create(scratch.hive(), scratch.subkey() + "\\made\\on\\the\\way"));
+
+  // Text stored without its NUL, as the program's writers do.
+  EXPECT_EQ(ERROR_SUCCESS, k.set("text", REG_SZ, std::string("hello")));
+  EXPECT_EQ(ERROR_SUCCESS, k.set_dword("number", 0x12345678));
+  const std::string blob("\x01\x00\xff\x00\x7f", 5);
+  EXPECT_EQ(ERROR_SUCCESS, k.set("blob", REG_BINARY, blob));
+
+  DWORD type = 0, size = 0;
+  EXPECT_EQ(ERROR_SUCCESS, k.query_size("number", type, size));
+  EXPECT_EQ(DWORD{REG_DWORD}, type);
+  EXPECT_EQ(4u, size);
+  EXPECT_EQ(ERROR_SUCCESS, k.query_size("blob", type, size));
+  EXPECT_EQ(5u, size);
+
+  std::string data;
+  EXPECT_EQ(ERROR_SUCCESS, k.query("blob", type, data));
+  EXPECT_EQ(DWORD{REG_BINARY}, type);
+  EXPECT_EQ(blob, data);
+  EXPECT_EQ(ERROR_SUCCESS, k.query("number", type, data));
+  EXPECT_EQ(std::string("\x78\x56\x34\x12", 4), data) << "a number comes back as its bytes";
+  EXPECT_EQ(ERROR_SUCCESS, k.query("text", type, data));
+  EXPECT_EQ(DWORD{REG_SZ}, type);
+  EXPECT_EQ("hello", data.substr(0, data.find('\0')));
+
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, k.query("absent", type, data));
+  EXPECT_TRUE(data.empty());
+  EXPECT_EQ(ERROR_SUCCESS, k.delete_value("blob"));
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, k.query_size("blob", type, size));
+}
+
+TEST(Registry, DefaultValueThroughTheOldCall) {
+  ScratchKey scratch("default");
+  EXPECT_EQ(ERROR_SUCCESS, reg_set_default(scratch.key(), "verb\\command", "\"C:\\x.exe\" \"%1\""));
+  RegKey k;
+  ASSERT_EQ(ERROR_SUCCESS, k.open(scratch.key(), "verb\\command"));
+  DWORD type = 0;
+  std::string data;
+  ASSERT_EQ(ERROR_SUCCESS, k.query("", type, data));
+  EXPECT_EQ(DWORD{REG_SZ}, type);
+  EXPECT_EQ("\"C:\\x.exe\" \"%1\"", data.substr(0, data.find('\0')));
+}
+
+TEST(Registry, EnumeratesKeysAndValues) {
+  ScratchKey scratch("enum");
+  HKEY made = nullptr;
+  for (const char* name : {"k1", "k2", "a_rather_long_subkey_name"}) {
+    ASSERT_EQ(ERROR_SUCCESS, reg_create_key(scratch.key(), name, made));
+    reg_close_key(made);
+  }
+  reg_set_dword(scratch.key(), "v1", 1);
+  reg_set_value(scratch.key(), "v2", REG_SZ, std::string("two"));
+
+  std::vector<std::string> keys;
+  std::string name;
+  DWORD i = 0;
+  LONG r;
+  while ((r = reg_enum_key(scratch.key(), i++, name)) == ERROR_SUCCESS) keys.push_back(name);
+  EXPECT_EQ(ERROR_NO_MORE_ITEMS, r);
+  std::sort(keys.begin(), keys.end());
+  EXPECT_EQ((std::vector<std::string>{"a_rather_long_subkey_name", "k1", "k2"}), keys);
+
+  // A name that does not fit the buffer is an error, not a cut name.
+  bool too_long = false;
+  for (i = 0; (r = reg_enum_key(scratch.key(), i, name, 10)) != ERROR_NO_MORE_ITEMS; ++i)
+    if (r == ERROR_MORE_DATA) too_long = true;
+  EXPECT_TRUE(too_long);
+
+  std::vector<std::string> values;
+  RegValue v;
+  for (i = 0; reg_enum_value(scratch.key(), i, v) == ERROR_SUCCESS; ++i) {
+    values.push_back(v.name);
+    if (v.name == "v1") {
+      EXPECT_EQ(DWORD{REG_DWORD}, v.type);
+    }
+    if (v.name == "v2") {
+      EXPECT_EQ("two", v.data.substr(0, v.data.find('\0')));
+    }
+  }
+  std::sort(values.begin(), values.end());
+  EXPECT_EQ((std::vector<std::string>{"v1", "v2"}), values);
+}
+
+TEST(Registry, LargeValueAndTreeDelete) {
+  ScratchKey scratch("tree");
+  RegKey k;
+  ASSERT_EQ(ERROR_SUCCESS, k.create(scratch.key(), "victim\\a\\b"));
+  std::string big(100000, 'z');
+  big[5] = '\0';
+  EXPECT_EQ(ERROR_SUCCESS, k.set("big", REG_BINARY, big));
+  RegValue v;
+  EXPECT_EQ(ERROR_SUCCESS, k.enum_value(0, v));
+  EXPECT_EQ(big, v.data);
+  k.close();
+  ASSERT_EQ(ERROR_SUCCESS, k.create(scratch.key(), "victim\\c"));
+  k.close();
+
+  EXPECT_EQ(ERROR_SUCCESS, reg_delete_tree(scratch.key(), "victim"));
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, k.open(scratch.key(), "victim"));
+  EXPECT_FALSE(k.is_open());
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, reg_delete_tree(scratch.key(), "victim"));
+}
+
+TEST(Registry, FailedOpenPassesANullKeyOn) {
+  ScratchKey scratch("missing");
+  HKEY k = reinterpret_cast<HKEY>(1);
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, reg_open_key(scratch.key(), "not\\there", k));
+  EXPECT_EQ(nullptr, k);
+  DWORD type = 0;
+  std::string data;
+  EXPECT_NE(ERROR_SUCCESS, reg_query_value(k, "x", type, data));
+  std::string name;
+  EXPECT_NE(ERROR_SUCCESS, reg_enum_key(k, 0, name));
+}
+
+}  // namespace
+}  // namespace wh
