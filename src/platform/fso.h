@@ -94,6 +94,8 @@ public:
   bool DriveExists(const std::string& spec) const;
 
   // --- changes; wildcards (* ?) allowed in the last component of a source.
+  // Matching is FindFirstFile's, short names included: "*.htm" also takes
+  // "page.html" (Wine always matches that way; Windows where 8.3 names exist).
   // 53 when nothing matches; 70 on a read-only file unless force.
   int DeleteFile(const std::string& spec, bool force = false) const;
   // Whole trees. 76 when nothing matches; 70 on a read-only file inside
