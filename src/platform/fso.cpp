@@ -115,9 +115,9 @@ private:
 };
 
 // FindExInfoBasic skips the short names and LARGE_FETCH asks for bigger
-// batches: together the cheapest listing. Windows before 7 (and some Wine
-// builds) refuse them with ERROR_INVALID_PARAMETER; then the plain call is
-// used from there on.
+// batches: together the cheapest listing. Windows before 7 refuses them
+// with ERROR_INVALID_PARAMETER; then the plain call is used from there on.
+// Wine 8 takes both but gains little: its cost is the stat of each entry.
 bool g_basic_find_refused = false;
 
 HANDLE find_first(const std::string& pattern, WIN32_FIND_DATAA& fd) {
