@@ -194,7 +194,7 @@ void Control::ZOrder(int position) {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-void Control::Font(const FontSpec& f) {
+void Control::Font(const FontDesc& f) {
   font_ = f;
   send(WM_SETFONT, reinterpret_cast<WPARAM>(font_handle(font_)), TRUE);
 }

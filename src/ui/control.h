@@ -69,8 +69,8 @@ public:
   void Refresh();
   void ZOrder(int position = 0);  // 0 to the front, 1 to the back
 
-  FontSpec Font() const { return font_; }
-  void Font(const FontSpec& f);
+  FontDesc Font() const { return font_; }
+  void Font(const FontDesc& f);
   COLORREF ForeColor() const { return fore_; }
   void ForeColor(COLORREF c);
   COLORREF BackColor() const { return back_; }
@@ -131,7 +131,7 @@ private:
   Form& form_;
   std::string name_;
   HWND hwnd_ = nullptr;
-  FontSpec font_;
+  FontDesc font_;
   COLORREF fore_ = system_color(COLOR_BTNTEXT);
   COLORREF back_ = system_color(COLOR_BTNFACE);
   bool pressed_ = false;

@@ -38,18 +38,18 @@ HBRUSH solid_brush(COLORREF color) {
   return it->second.get();
 }
 
-HFONT font_handle(const FontSpec& spec) {
-  static std::vector<std::pair<FontSpec, GdiObject<HFONT>>> fonts;
+HFONT font_handle(const FontDesc& desc) {
+  static std::vector<std::pair<FontDesc, GdiObject<HFONT>>> fonts;
   for (auto& f : fonts)
-    if (f.first == spec) return f.second.get();
+    if (f.first == desc) return f.second.get();
   HDC screen = ::GetDC(nullptr);
-  int height = -::MulDiv(spec.size, ::GetDeviceCaps(screen, LOGPIXELSY), 72);
+  int height = -::MulDiv(desc.size, ::GetDeviceCaps(screen, LOGPIXELSY), 72);
   ::ReleaseDC(nullptr, screen);
-  HFONT h = ::CreateFontA(height, 0, 0, 0, spec.bold ? FW_BOLD : FW_NORMAL, spec.italic,
-                          spec.underline, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+  HFONT h = ::CreateFontA(height, 0, 0, 0, desc.bold ? FW_BOLD : FW_NORMAL, desc.italic,
+                          desc.underline, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                           CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_DONTCARE,
-                          spec.name.c_str());
-  fonts.emplace_back(spec, GdiObject<HFONT>(h));
+                          desc.name.c_str());
+  fonts.emplace_back(desc, GdiObject<HFONT>(h));
   return h;
 }
 

@@ -80,16 +80,16 @@ COLORREF to_rgb(COLORREF color);
 // A solid brush per colour, kept to the end of the program.
 HBRUSH solid_brush(COLORREF color);
 
-struct FontSpec {
+struct FontDesc {
   std::string name = "MS Sans Serif";
   int size = 8;  // points
   bool bold = false;
   bool italic = false;
   bool underline = false;
-  bool operator==(const FontSpec&) const = default;
+  bool operator==(const FontDesc&) const = default;
 };
-// One font per spec, kept to the end of the program.
-HFONT font_handle(const FontSpec& spec);
+// One font per desc, kept to the end of the program.
+HFONT font_handle(const FontDesc& desc);
 
 // Screen twips per pixel (15 at 96 dpi), for the places that store twips.
 int twips_per_pixel_x();

@@ -1,0 +1,195 @@
+// File, folder and drive lists against real files in the prefix.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/rt_error.h"
+#include "ui_test.h"
+
+namespace wh::test {
+namespace {
+
+const std::string root = "C:\\wh\\scratch\\ui_files";
+
+void remove_tree(const std::string& dir) {
+  WIN32_FIND_DATAA fd;
+  HANDLE h = ::FindFirstFileA((dir + "\\*").c_str(), &fd);
+  if (h != INVALID_HANDLE_VALUE) {
+    do {
+      std::string n = fd.cFileName;
+      if (n == "." || n == "..") continue;
+      std::string p = dir + "\\" + n;
+      ::SetFileAttributesA(p.c_str(), FILE_ATTRIBUTE_NORMAL);
+      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+        remove_tree(p);
+      else
+        ::DeleteFileA(p.c_str());
+    } while (::FindNextFileA(h, &fd));
+    ::FindClose(h);
+  }
+  ::RemoveDirectoryA(dir.c_str());
+}
+
+void make_file(const std::string& name, DWORD attributes = 0) {
+  std::string p = root + "\\" + name;
+  HANDLE h = ::CreateFileA(p.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                           FILE_ATTRIBUTE_NORMAL, nullptr);
+  ASSERT_NE(INVALID_HANDLE_VALUE, h) << p;
+  ::CloseHandle(h);
+  if (attributes) ::SetFileAttributesA(p.c_str(), attributes);
+}
+
+bool has_attribute(const std::string& name, DWORD a) {
+  DWORD got = ::GetFileAttributesA((root + "\\" + name).c_str());
+  return got != INVALID_FILE_ATTRIBUTES && (got & a);
+}
+
+std::vector<std::string> rows(const FileListBox& l) {
+  std::vector<std::string> r;
+  for (int i = 0; i < l.ListCount(); ++i) r.push_back(l.List(i));
+  return r;
+}
+
+class FileLists : public UiTest {
+protected:
+  void SetUp() override {
+    ::CreateDirectoryA("C:\\wh\\scratch", nullptr);
+    remove_tree(root);
+    ASSERT_TRUE(::CreateDirectoryA(root.c_str(), nullptr));
+    make_file("b.tmp");
+    make_file("A.TMP");
+    make_file("c.bak");
+    make_file("d.txt");
+    make_file("locked.tmp", FILE_ATTRIBUTE_READONLY);
+    // Wine hides dot files by itself; the attribute makes it hidden on
+    // Windows too.
+    make_file(".hidden.tmp", FILE_ATTRIBUTE_HIDDEN);
+    make_file("sys.tmp", FILE_ATTRIBUTE_SYSTEM);
+    ::CreateDirectoryA((root + "\\sub.tmp").c_str(), nullptr);
+    ::CreateDirectoryA((root + "\\Zeta").c_str(), nullptr);
+    ::CreateDirectoryA((root + "\\alpha").c_str(), nullptr);
+    ::CreateDirectoryA((root + "\\alpha\\inner").c_str(), nullptr);
+  }
+  void TearDown() override {
+    UiTest::TearDown();
+    remove_tree(root);
+  }
+  FileListBox& files = form.add<FileListBox>("File1", Place{0, 0, 150, 100});
+};
+
+TEST_F(FileLists, PatternsMatchSortedWithoutCaseAndOnce) {
+  files.Path(root);
+  files.Pattern("*.tmp;*.bak; *.TMP");
+  EXPECT_EQ((std::vector<std::string>{"A.TMP", "b.tmp", "c.bak", "locked.tmp"}), rows(files));
+}
+
+TEST_F(FileLists, HiddenAndSystemFilesShowOnlyWhenAsked) {
+  ASSERT_TRUE(has_attribute(".hidden.tmp", FILE_ATTRIBUTE_HIDDEN));
+  files.Path(root);
+  files.Pattern("*.tmp");
+  files.Hidden = true;
+  files.Refresh();
+  auto r = rows(files);
+  EXPECT_NE(r.end(), std::find(r.begin(), r.end(), ".hidden.tmp"));
+  if (!has_attribute("sys.tmp", FILE_ATTRIBUTE_SYSTEM))
+    GTEST_SKIP() << "the file system keeps no system attribute";
+  EXPECT_EQ(r.end(), std::find(r.begin(), r.end(), "sys.tmp"));
+  files.System = true;
+  files.Refresh();
+  r = rows(files);
+  EXPECT_NE(r.end(), std::find(r.begin(), r.end(), "sys.tmp"));
+}
+
+TEST_F(FileLists, ReadOnlyAndNormalSwitchesFilter) {
+  files.Path(root);
+  files.Pattern("*.tmp");
+  files.ReadOnly = false;
+  files.Refresh();
+  EXPECT_EQ((std::vector<std::string>{"A.TMP", "b.tmp"}), rows(files));
+  // Fresh files carry the archive bit, so Normal alone doesn't hide them.
+  files.Archive = false;
+  files.Normal = false;
+  files.Refresh();
+  EXPECT_EQ(0, files.ListCount());
+}
+
+TEST_F(FileLists, PathEventsAndErrors) {
+  int changes = 0;
+  files.PathChange = [&] { ++changes; };
+  files.Path(root + "\\");
+  EXPECT_EQ(root, files.Path());
+  files.Path(root);
+  EXPECT_EQ(1, changes);
+  try {
+    files.Path(root + "\\missing");
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(rt_path_not_found, e.number());
+  }
+  EXPECT_EQ(root, files.Path());
+  files.Pattern("d.*");
+  EXPECT_EQ("", files.FileName());
+  files.ListIndex(0);
+  EXPECT_EQ("d.txt", files.FileName());
+}
+
+TEST_F(FileLists, DirListIndexesAreRelativeToPath) {
+  auto& dirs = form.add<DirListBox>("Dir1", Place{160, 0, 150, 150});
+  int changes = 0;
+  dirs.Change = [&] { ++changes; };
+  dirs.Path(root);
+  EXPECT_EQ(1, changes);
+  EXPECT_EQ(root, dirs.List(-1));
+  EXPECT_EQ("C:\\wh\\scratch", dirs.List(-2));
+  EXPECT_EQ("C:\\wh", dirs.List(-3));
+  EXPECT_EQ("C:\\", dirs.List(-4));
+  EXPECT_EQ("", dirs.List(-5));
+  ASSERT_EQ(3, dirs.ListCount());
+  EXPECT_EQ(root + "\\alpha", dirs.List(0));
+  EXPECT_EQ(root + "\\sub.tmp", dirs.List(1));
+  EXPECT_EQ(root + "\\Zeta", dirs.List(2));
+  EXPECT_EQ(-1, dirs.ListIndex());
+  // Rows show the tree indented: root, three ancestors' depth, then children.
+  EXPECT_EQ("      ui_files", dirs.ListBox::List(3));
+  EXPECT_EQ("        alpha", dirs.ListBox::List(4));
+}
+
+TEST_F(FileLists, DirDoubleClickEntersTheFolder) {
+  auto& dirs = form.add<DirListBox>("Dir1", Place{160, 0, 150, 150});
+  dirs.Path(root);
+  int changes = 0, clicks = 0;
+  dirs.Change = [&] { ++changes; };
+  dirs.Click = [&] { ++clicks; };
+  dirs.ListIndex(0);
+  EXPECT_EQ(1, clicks);
+  EXPECT_EQ(root, dirs.Path());  // a single click doesn't move
+  notify(dirs, LBN_DBLCLK);
+  EXPECT_EQ(root + "\\alpha", dirs.Path());
+  EXPECT_EQ(1, changes);
+  EXPECT_EQ(root + "\\alpha\\inner", dirs.List(0));
+  dirs.ListIndex(-2);
+  notify(dirs, LBN_DBLCLK);
+  EXPECT_EQ(root, dirs.Path());
+}
+
+TEST_F(FileLists, DriveListShowsTheLettersAndChanges) {
+  auto& drives = form.add<DriveListBox>("Drive1", Place{0, 200, 150, 20});
+  bool found = false;
+  for (int i = 0; i < drives.ListCount(); ++i)
+    if (drives.List(i).rfind("c:", 0) == 0) found = true;
+  EXPECT_TRUE(found);
+  int changes = 0;
+  drives.Change = [&] { ++changes; };
+  drives.Drive("C:\\windows");
+  EXPECT_EQ('c', drives.Drive()[0]);
+  EXPECT_EQ(0, changes);  // C: was the current drive already
+  try {
+    drives.Drive("q:");
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(rt_device_unavailable, e.number());
+  }
+}
+
+}  // namespace
+}  // namespace wh::test

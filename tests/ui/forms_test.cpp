@@ -1,0 +1,237 @@
+// Forms, panels, pictures and the mouse.
+#include <string>
+
+#include "platform/rt_error.h"
+#include "ui_test.h"
+
+namespace wh::test {
+namespace {
+
+using Forms = UiTest;
+
+TEST_F(Forms, StartHiddenAndKeepTheirGeometry) {
+  EXPECT_FALSE(form.Visible());
+  form.Move(30, 40, 300, 200);
+  EXPECT_EQ(30, form.Left());
+  EXPECT_EQ(40, form.Top());
+  EXPECT_EQ(300, form.Width());
+  EXPECT_EQ(200, form.ScaleHeight());  // a popup has no frame
+  Form framed;
+  framed.Move(0, 0, 300, 200);
+  EXPECT_LT(framed.ScaleWidth(), 300);
+  framed.Caption("Wellharrower");
+  EXPECT_EQ("Wellharrower", framed.Caption());
+}
+
+TEST_F(Forms, WindowStateSetWhileHiddenWaitsForTheShow) {
+  form.WindowState(1);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(1, form.WindowState());
+  form.WindowState(0);
+  form.Show();
+  EXPECT_FALSE(::IsIconic(form.hwnd()));
+  EXPECT_EQ(0, form.WindowState());
+  // Wine waits two seconds for the X focus to leave an active window that
+  // is hidden or destroyed when no window manager runs, as under Xvfb; the
+  // other tests show their forms without activating them.
+}
+
+TEST_F(Forms, QueryUnloadCanCancelAndTellsTheMode) {
+  std::string log;
+  int cancel_next = 1;
+  form.QueryUnload = [&](int& cancel, int mode) {
+    log += "Q" + std::to_string(mode);
+    cancel = cancel_next;
+  };
+  form.Unload = [&](int&) { log += "U"; };
+  ::SendMessageA(form.hwnd(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(form.loaded());
+  cancel_next = 0;
+  form.unload();
+  EXPECT_EQ("Q0Q1U", log);
+  EXPECT_FALSE(form.loaded());
+}
+
+TEST_F(Forms, ControlsAreFoundByName) {
+  auto& label = form.add<Label>("Label22", Place{0, 0, 50, 20}, "x");
+  label.Tag = "12";
+  EXPECT_EQ(&label, form.find("Label22"));
+  EXPECT_EQ(nullptr, form.find("Label23"));
+  Timer& t = form.add_timer("Timer3", 500, true);
+  EXPECT_EQ(&t, form.find_timer("Timer3"));
+  EXPECT_TRUE(t.running());
+}
+
+TEST_F(Forms, HidingAFrameHidesWhatIsInside) {
+  auto& frame = form.add<Frame>("optiuni", Place{0, 0, 200, 150}, "Options");
+  auto& check = form.add<CheckBox>("Check4", Place{10, 20, 100, 20, &frame});
+  ::ShowWindow(form.hwnd(), SW_SHOWNA);  // not activated: see below
+  EXPECT_TRUE(::IsWindowVisible(check.hwnd()));
+  frame.Visible(false);
+  EXPECT_FALSE(::IsWindowVisible(check.hwnd()));
+  EXPECT_TRUE(check.Visible());  // its own property is untouched
+  frame.Visible(true);
+  frame.Enabled(false);
+  EXPECT_FALSE(::IsWindowEnabled(frame.hwnd()));
+}
+
+TEST_F(Forms, SetFocusOnAnUnseenControlRaises) {
+  auto& text = form.add<TextBox>("Text1", Place{0, 0, 50, 20});
+  try {
+    text.SetFocus();  // the form is hidden
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(rt_invalid_call, e.number());
+  }
+  EXPECT_TRUE(text.Visible());
+}
+
+TEST_F(Forms, ControlsOutsideAContainerCannotHoldOthers) {
+  auto& label = form.add<Label>("Label1", Place{0, 0, 50, 20});
+  EXPECT_THROW(form.add<Label>("Label2", Place{0, 0, 10, 10, &label}), RuntimeError);
+}
+
+TEST_F(Forms, PicturesLoadByResourceNameAndAMissingOneRaises) {
+  auto& image = form.add<ImageButton>("shred", Place{0, 0, 20, 20});
+  try {
+    image.LoadPicture("NO_SUCH_JOS");
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(326, e.number());
+  }
+  EXPECT_EQ(nullptr, image.picture());
+  if (!::FindResourceA(exe_module(), "SHRED_JOS", MAKEINTRESOURCEA(2)))
+    GTEST_SKIP() << "this exe carries no button pictures";
+  image.LoadPicture("SHRED_JOS");
+  EXPECT_GT(picture_size(image.picture()).cx, 0);
+}
+
+class Mouse : public UiTest {
+protected:
+  ImageButton& image = form.add<ImageButton>("del", Place{40, 40, 30, 20});
+  std::string log;
+  void SetUp() override {
+    image.MouseDown = [&](int b, int, int x, int y) { log += "D" + std::to_string(b) + "@" + std::to_string(x) + "," + std::to_string(y) + " "; };
+    image.MouseUp = [&](int b, int, int, int) { log += "U" + std::to_string(b) + " "; };
+    image.MouseMove = [&](int b, int, int, int) { log += "M" + std::to_string(b) + " "; };
+    image.Click = [&] { log += "C "; };
+    image.DblClick = [&] { log += "W "; };
+  }
+};
+
+TEST_F(Mouse, ImagesAreHitSoHoverReachesThem) {
+  POINT pt{55, 50};
+  ::ClientToScreen(form.hwnd(), &pt);
+  EXPECT_EQ(HTCLIENT, image.send(WM_NCHITTEST, 0, MAKELPARAM(pt.x, pt.y)));
+}
+
+TEST_F(Mouse, PressAndReleaseGiveDownUpClickInOrder) {
+  image.send(WM_MOUSEMOVE, 0, MAKELPARAM(3, 4));
+  image.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 4));
+  image.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 4));
+  image.send(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(3, 4));
+  image.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 4));
+  EXPECT_EQ("M0 D1@3,4 U1 C W U1 ", log);
+}
+
+TEST_F(Mouse, ReleaseOutsideOrWithTheRightButtonIsNoClick) {
+  image.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 4));
+  image.send(WM_LBUTTONUP, 0, MAKELPARAM(300, 4));
+  image.send(WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(3, 4));
+  image.send(WM_RBUTTONUP, 0, MAKELPARAM(3, 4));
+  EXPECT_EQ("D1@3,4 U1 D2@3,4 U2 ", log);
+}
+
+TEST_F(Mouse, TrayCallbackArrivesAsAMoveWithTheMessageInX) {
+  // The tray posts its callback (WM_MOUSEMOVE) with the icon id in wParam.
+  auto& tray = form.add<PictureBox>("Picture4", Place{0, 0, 16, 16});
+  int x = 0;
+  tray.MouseMove = [&](int, int, int mx, int) { x = mx; };
+  ::PostMessageA(tray.hwnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
+  do_events();
+  EXPECT_EQ(WM_RBUTTONDOWN, x);
+}
+
+TEST_F(Mouse, FormSurfaceGetsItsOwnEvents) {
+  std::string flog;
+  form.MouseDown = [&](int b, int, int, int) { flog += "D" + std::to_string(b); };
+  form.MouseUp = [&](int, int, int, int) { flog += "U"; };
+  ::SendMessageA(form.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+  ::SendMessageA(form.hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+  EXPECT_EQ("D1U", flog);
+  EXPECT_EQ("", log);
+}
+
+using Pictures = UiTest;
+
+Picture solid_picture(int w, int h, COLORREF color) {
+  HDC screen = ::GetDC(nullptr);
+  HBITMAP bmp = ::CreateCompatibleBitmap(screen, w, h);
+  ::ReleaseDC(nullptr, screen);
+  MemoryDC dc;
+  dc.select(bmp);
+  RECT rc{0, 0, w, h};
+  Brush b(::CreateSolidBrush(color));
+  ::FillRect(dc.get(), &rc, b.get());
+  return make_picture(bmp);
+}
+
+TEST_F(Pictures, DrawingSurvivesRepaintsAndGrowth) {
+  auto& pic = form.add<PictureBox>("Picture9", Place{0, 0, 40, 30});
+  pic.BackColor(RGB(0, 0, 0));
+  pic.Cls();
+  pic.FillRect(2, 2, 5, 5, RGB(255, 0, 0));
+  pic.Line(0, 20, 10, 20, RGB(0, 255, 0));
+  ::ShowWindow(form.hwnd(), SW_SHOWNA);
+  pic.Refresh();
+  EXPECT_EQ(RGB(255, 0, 0), ::GetPixel(pic.hdc(), 5, 5));  // both corners inside
+  EXPECT_EQ(RGB(0, 0, 0), ::GetPixel(pic.hdc(), 6, 6));
+  EXPECT_EQ(RGB(0, 255, 0), ::GetPixel(pic.hdc(), 9, 20));
+  pic.Move(0, 0, 80, 60);
+  EXPECT_EQ(RGB(255, 0, 0), ::GetPixel(pic.hdc(), 3, 3));
+  EXPECT_EQ(RGB(0, 0, 0), ::GetPixel(pic.hdc(), 70, 50));  // the new part is cleared
+  Picture copy = pic.Image();
+  EXPECT_EQ(80, picture_size(copy).cx);
+}
+
+TEST_F(Pictures, PrintMovesToTheNextLine) {
+  auto& pic = form.add<PictureBox>("lcd", Place{0, 0, 100, 60});
+  pic.Print("abc");
+  EXPECT_EQ(0, pic.CurrentX);
+  EXPECT_EQ(pic.TextHeight("abc"), pic.CurrentY);
+  EXPECT_GT(pic.TextWidth("abc"), pic.TextWidth("a"));
+}
+
+TEST_F(Pictures, TransparentChildrenShowTheContainerBeneath) {
+  Picture skin = solid_picture(100, 100, RGB(0, 0, 255));
+  {
+    // A mark where a label 20,30 in would find it at its own 1,1.
+    MemoryDC dc;
+    dc.select(skin->get());
+    ::SetPixel(dc.get(), 21, 31, RGB(255, 255, 0));
+  }
+  form.picture(skin);
+  auto& label = form.add<Label>("Label1", Place{20, 30, 40, 15}, "",
+                                Label::Options{.transparent = true});
+  HDC screen = ::GetDC(nullptr);
+  Bitmap target(::CreateCompatibleBitmap(screen, 40, 15));
+  ::ReleaseDC(nullptr, screen);
+  MemoryDC dc;
+  dc.select(target.get());
+  paint_parent_background(label.hwnd(), dc.get());
+  EXPECT_EQ(RGB(255, 255, 0), ::GetPixel(dc.get(), 1, 1));
+  EXPECT_EQ(RGB(0, 0, 255), ::GetPixel(dc.get(), 2, 2));
+}
+
+TEST_F(Pictures, PicturesAreSharedBetweenControls) {
+  auto& a = form.add<ImageButton>("Image22", Place{0, 0, 10, 10});
+  auto& b = form.add<ImageButton>("showplugins", Place{20, 0, 10, 10});
+  a.picture(solid_picture(10, 10, RGB(1, 2, 3)));
+  b.picture(a.picture());
+  a.picture(nullptr);
+  ASSERT_NE(nullptr, b.picture());
+  EXPECT_EQ(10, picture_size(b.picture()).cx);
+}
+
+}  // namespace
+}  // namespace wh::test

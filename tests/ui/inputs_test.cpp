@@ -1,0 +1,136 @@
+// Text boxes, check boxes and option buttons: which changes fire events.
+#include <string>
+
+#include "platform/rt_error.h"
+#include "ui_test.h"
+
+namespace wh::test {
+namespace {
+
+class TextBoxes : public UiTest {
+protected:
+  TextBox& text = form.add<TextBox>("Text1", Place{0, 0, 100, 20});
+  void type(const std::string& s) {
+    for (char c : s) text.send(WM_CHAR, static_cast<unsigned char>(c), 1);
+  }
+};
+
+TEST_F(TextBoxes, KeyPressFilterSwallowsAndReplacesKeys) {
+  // The digits filter of the options page, plus a replacement.
+  text.KeyPress = [](int& ascii) {
+    if (ascii == 'x') ascii = '9';
+    else if (ascii != 8 && (ascii < '0' || ascii > '9')) ascii = 0;
+  };
+  type("1a2x-3");
+  EXPECT_EQ("1293", text.Text());
+  type("\b");
+  EXPECT_EQ("129", text.Text());
+}
+
+TEST_F(TextBoxes, PasteIsNotFiltered) {
+  text.KeyPress = [](int& ascii) { ascii = 0; };
+  ASSERT_TRUE(::OpenClipboard(form.hwnd()));
+  ::EmptyClipboard();
+  HGLOBAL mem = ::GlobalAlloc(GMEM_MOVEABLE, 4);
+  memcpy(::GlobalLock(mem), "abc", 4);
+  ::GlobalUnlock(mem);
+  ::SetClipboardData(CF_TEXT, mem);
+  ::CloseClipboard();
+  text.send(WM_PASTE);
+  EXPECT_EQ("abc", text.Text());
+}
+
+TEST_F(TextBoxes, ChangeFiresForTypedAndSetTextButNotTheSameText) {
+  int changes = 0;
+  text.Change = [&] { ++changes; };
+  text.Text("12");
+  EXPECT_EQ(1, changes);
+  text.Text("12");
+  EXPECT_EQ(1, changes);
+  text.SelStart(2);  // setting the text leaves the caret in front
+  type("3");
+  EXPECT_EQ(2, changes);
+  text.SelStart(0);
+  text.SelLength(1);
+  EXPECT_EQ("1", text.SelText());
+  text.SelText("9");
+  EXPECT_EQ("923", text.Text());
+  EXPECT_EQ(3, changes);
+}
+
+TEST_F(TextBoxes, ChangeHandlerThatCorrectsTheTextRunsAgain) {
+  // As the limit of the RAM minutes: the handler sets the field once more.
+  std::string stored;
+  text.Change = [&] {
+    stored = text.Text();
+    if (std::stoi("0" + stored) > 1440) text.Text("1440");
+  };
+  text.Text("1441");
+  EXPECT_EQ("1440", stored);
+  EXPECT_EQ("1440", text.Text());
+}
+
+TEST_F(TextBoxes, KeyDownSeesTheKeyAndShift) {
+  int got = 0, shift = -1;
+  text.KeyDown = [&](int& key, int s) {
+    got = key;
+    shift = s;
+  };
+  text.send(WM_KEYDOWN, VK_DELETE, 0);
+  EXPECT_EQ(VK_DELETE, got);
+  EXPECT_EQ(0, shift);
+}
+
+using Choices = UiTest;
+
+TEST_F(Choices, CheckBoxClickOnlyOnAChangeOfValue) {
+  auto& check = form.add<CheckBox>("Check1", Place{0, 0, 100, 20}, "Always on top");
+  std::string log;
+  check.Click = [&] { log += std::to_string(check.Value()); };
+  check.Value(0);  // cleared already: nothing
+  check.Value(1);
+  check.Value(1);
+  check.Value(2);
+  check.Value(0);
+  EXPECT_EQ("120", log);
+  EXPECT_THROW(check.Value(3), RuntimeError);
+}
+
+TEST_F(Choices, CheckBoxUserClickToggles) {
+  auto& check = form.add<CheckBox>("Check1", Place{0, 0, 100, 20});
+  int clicks = 0;
+  check.Click = [&] { ++clicks; };
+  check.send(BM_CLICK);
+  EXPECT_EQ(1, check.Value());
+  check.Value(2);
+  check.send(BM_CLICK);  // grey goes to ticked
+  EXPECT_EQ(1, check.Value());
+  check.send(BM_CLICK);
+  EXPECT_EQ(0, check.Value());
+  EXPECT_EQ(4, clicks);
+}
+
+TEST_F(Choices, OptionButtonsClearEachOtherWithinTheirContainer) {
+  auto& a = form.add<OptionButton>("Option10", Place{0, 0, 80, 20}, "english");
+  auto& b = form.add<OptionButton>("Option11", Place{0, 20, 80, 20}, "romanian");
+  auto& frame = form.add<Frame>("Frame12", Place{100, 0, 150, 80});
+  auto& c = form.add<OptionButton>("Option8", Place{5, 15, 80, 20, &frame});
+  std::string log;
+  a.Click = [&] { log += "a"; };
+  b.Click = [&] { log += "b"; };
+  c.Click = [&] { log += "c"; };
+
+  c.Value(true);
+  a.Value(true);
+  a.Value(true);  // selected already
+  EXPECT_TRUE(c.Value());  // another group
+  b.send(BM_CLICK);
+  EXPECT_FALSE(a.Value());
+  EXPECT_TRUE(b.Value());
+  b.Value(false);
+  EXPECT_EQ("cab", log);
+  EXPECT_FALSE(b.Value());
+}
+
+}  // namespace
+}  // namespace wh::test
