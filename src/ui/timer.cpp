@@ -29,7 +29,7 @@ LRESULT CALLBACK Timer::proc(HWND w, UINT msg, WPARAM wp, LPARAM lp) {
   Timer* t = it->second;
   if (t->in_tick_) return 0;
   t->in_tick_ = true;
-  raise_event(t->Tick);
+  fire(t->Tick);  // a copy: the handler may destroy its timer
   // The handler may have restarted the timer (a new id) or destroyed it.
   if (live().count(t)) t->in_tick_ = false;
   return 0;

@@ -202,35 +202,68 @@ TEST_F(Pictures, PrintMovesToTheNextLine) {
   EXPECT_GT(pic.TextWidth("abc"), pic.TextWidth("a"));
 }
 
-TEST_F(Pictures, TransparentChildrenShowTheContainerBeneath) {
+// What a control paints, drawn into a memory bitmap through WM_PRINTCLIENT,
+// which the statics answer with their owner drawing.
+class Snapshot {
+public:
+  Snapshot(const Control& c, int w, int h) {
+    HDC screen = ::GetDC(nullptr);
+    bmp_.reset(::CreateCompatibleBitmap(screen, w, h));
+    ::ReleaseDC(nullptr, screen);
+    dc_.select(bmp_.get());
+    c.send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc_.get()), PRF_CLIENT);
+  }
+  COLORREF at(int x, int y) const { return ::GetPixel(dc_.get(), x, y); }
+
+private:
+  Bitmap bmp_;
+  MemoryDC dc_;
+};
+
+TEST_F(Pictures, TransparentLabelShowsTheContainerBeneath) {
   Picture skin = solid_picture(100, 100, RGB(0, 0, 255));
   {
-    // A mark where a label 20,30 in would find it at its own 1,1.
+    // A mark where a label 20,30 in finds it at its own 1,1.
     MemoryDC dc;
     dc.select(skin->get());
     ::SetPixel(dc.get(), 21, 31, RGB(255, 255, 0));
   }
   form.picture(skin);
-  auto& label = form.add<Label>("Label1", Place{20, 30, 40, 15}, "",
+  auto& clear = form.add<Label>("Label1", Place{20, 30, 40, 15}, "",
                                 Label::Options{.transparent = true});
-  HDC screen = ::GetDC(nullptr);
-  Bitmap target(::CreateCompatibleBitmap(screen, 40, 15));
-  ::ReleaseDC(nullptr, screen);
-  MemoryDC dc;
-  dc.select(target.get());
-  paint_parent_background(label.hwnd(), dc.get());
-  EXPECT_EQ(RGB(255, 255, 0), ::GetPixel(dc.get(), 1, 1));
-  EXPECT_EQ(RGB(0, 0, 255), ::GetPixel(dc.get(), 2, 2));
+  auto& solid = form.add<Label>("Label2", Place{20, 50, 40, 15}, "");
+  solid.BackColor(RGB(0, 128, 0));
+  Snapshot a(clear, 40, 15);
+  EXPECT_EQ(RGB(255, 255, 0), a.at(1, 1));
+  EXPECT_EQ(RGB(0, 0, 255), a.at(2, 2));
+  Snapshot b(solid, 40, 15);
+  EXPECT_EQ(RGB(0, 128, 0), b.at(2, 2));
+}
+
+TEST_F(Pictures, LabelInsideAFrameShowsTheFrame) {
+  auto& frame = form.add<Frame>("Frame15", Place{10, 10, 100, 80}, "",
+                                Frame::Options{.border = false});
+  frame.BackColor(RGB(10, 20, 30));
+  auto& label = form.add<Label>("Label3", Place{5, 5, 30, 15, &frame}, "",
+                                Label::Options{.transparent = true});
+  Snapshot s(label, 30, 15);
+  EXPECT_EQ(RGB(10, 20, 30), s.at(3, 3));
 }
 
 TEST_F(Pictures, PicturesAreSharedBetweenControls) {
   auto& a = form.add<ImageButton>("Image22", Place{0, 0, 10, 10});
   auto& b = form.add<ImageButton>("showplugins", Place{20, 0, 10, 10});
-  a.picture(solid_picture(10, 10, RGB(1, 2, 3)));
+  a.picture(solid_picture(6, 6, RGB(200, 0, 0)));
   b.picture(a.picture());
   a.picture(nullptr);
   ASSERT_NE(nullptr, b.picture());
-  EXPECT_EQ(10, picture_size(b.picture()).cx);
+  form.BackColor(RGB(0, 0, 90));
+  Snapshot s(b, 10, 10);
+  EXPECT_EQ(RGB(200, 0, 0), s.at(5, 5));
+  EXPECT_EQ(RGB(0, 0, 90), s.at(8, 8));  // beyond the picture: the form
+  b.Stretch(true);
+  Snapshot stretched(b, 10, 10);
+  EXPECT_EQ(RGB(200, 0, 0), stretched.at(8, 8));
 }
 
 }  // namespace
