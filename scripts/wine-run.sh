@@ -11,5 +11,14 @@ WINE64=/usr/lib/wine/wine64
 [ -x "$WINE64" ] || WINE64=$(command -v wine64 || command -v wine)
 "$WINE64" "C:\\wh\\$exe" "$@" >"$log" 2>&1 </dev/null
 rc=$?
-cat "$log"; rm -f "$log"
+cat "$log"
+# A crashed test binary can leave Wine with exit code 0: only gtest's own
+# closing line counts as a pass.
+if [ $rc -eq 0 ] && grep -q '^\[==========\]' "$log" && ! grep -q '^\[  PASSED  \]' "$log"; then
+  echo "wine-run: $exe ended without gtest's PASSED line"; rc=1
+fi
+if [ $rc -eq 0 ] && ! grep -q '^\[==========\]' "$log" && [ "${exe#test_}" != "$exe" ]; then
+  echo "wine-run: $exe ended before gtest's summary"; rc=1
+fi
+rm -f "$log"
 exit $rc

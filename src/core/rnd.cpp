@@ -1,0 +1,10 @@
+#include "core/rnd.h"
+
+namespace wh {
+
+double rnd() {
+  static Rnd generator;
+  return generator.next();
+}
+
+}  // namespace wh

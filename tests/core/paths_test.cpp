@@ -1,0 +1,135 @@
+// Size texts and path pieces: every list and label of the program shows them.
+#include <gtest/gtest.h>
+
+#include "core/cmdline.h"
+#include "core/paths.h"
+#include "core/text.h"
+
+using namespace wh;
+
+TEST(SizeText, EachRangeWithItsCut) {
+  EXPECT_EQ(" 0 bytes", spatiuu_text(0, '.'));
+  EXPECT_EQ(" 1024 bytes", spatiuu_text(1024, '.'));
+  EXPECT_EQ(" -5 bytes", spatiuu_text(-5, '.'));
+  EXPECT_EQ("1 KB", spatiuu_text(1025, '.'));
+  EXPECT_EQ("1 KB", spatiuu_text(2047, '.'));
+  EXPECT_EQ("1024 KB", spatiuu_text(1048576, '.'));
+  // 1.00000095... is cut, not rounded.
+  EXPECT_EQ("1.00 MB", spatiuu_text(1048577, '.'));
+  EXPECT_EQ("1.99 MB", spatiuu_text(1.999 * 1048576, '.'));
+  EXPECT_EQ("1.5 MB", spatiuu_text(1.5 * 1048576, '.'));
+  EXPECT_EQ("2 MB", spatiuu_text(2 * 1048576.0, '.'));
+  EXPECT_EQ("1023.99 MB", spatiuu_text(1073741823, '.'));
+  EXPECT_EQ("1 GB", spatiuu_text(1073741824, '.'));
+  EXPECT_EQ("1.5 GB", spatiuu_text(1610612736, '.'));
+  EXPECT_EQ("1.99 GB", spatiuu_text(1.999 * 1073741824, '.'));
+}
+
+TEST(SizeText, WholeGigabytesKeepTwoCharacters) {
+  EXPECT_EQ("2 GB", spatiuu_text(2 * 1073741824.0, '.'));
+  EXPECT_EQ("10 GB", spatiuu_text(100 * 1073741824.0, '.'));
+  EXPECT_EQ("12 GB", spatiuu_text(123 * 1073741824.0, '.'));
+}
+
+TEST(SizeText, DecimalCommaCutsToTwoCharacters) {
+  EXPECT_EQ("1, GB", spatiuu_text(1610612736, ','));
+  EXPECT_EQ("1, MB", spatiuu_text(1.5 * 1048576, ','));
+  EXPECT_EQ("2 MB", spatiuu_text(2 * 1048576.0, ','));
+  EXPECT_EQ(" 0,5 bytes", spatiuu_text(0.5, ','));
+}
+
+TEST(PathPieces, ParentPath) {
+  EXPECT_EQ("C:", parent_path("C:\\x.txt"));
+  EXPECT_EQ("", parent_path("x.txt"));
+  EXPECT_EQ("C:\\a\\b", parent_path("C:\\a\\b\\c"));
+  EXPECT_EQ("C:\\a", parent_path("C:\\a\\"));
+  // The first "\" lies beyond the byte's reach: the walk never starts.
+  EXPECT_EQ("", parent_path(std::string(300, 'a') + "\\x"));
+  // Everything within reach still works on a long path.
+  std::string p = "C:\\" + std::string(250, 'a') + "\\x";
+  EXPECT_EQ(p.substr(0, 253), parent_path(p));
+}
+
+TEST(PathPieces, FileExtension) {
+  EXPECT_EQ("C", file_extension("a.b.c"));
+  EXPECT_EQ(" ", file_extension("noext"));
+  EXPECT_EQ(".HIDDEN", file_extension(".hidden"));
+  EXPECT_EQ("LNK", file_extension("Shortcut.lnk"));
+  EXPECT_EQ("", file_extension("dot."));
+  EXPECT_EQ("TXT", file_extension(".x.txt"));
+}
+
+TEST(PathPieces, BackslashAndJoin) {
+  EXPECT_EQ("", add_backslash("   "));
+  EXPECT_EQ("C:\\a\\", add_backslash(" C:\\a "));
+  EXPECT_EQ("C:\\a\\", add_backslash("C:\\a\\"));
+  EXPECT_EQ("C:\\", add_backslash("C:"));
+  EXPECT_EQ("C:\\x", join_path("C:\\", "x"));
+  EXPECT_EQ("C:\\a\\x", join_path("C:\\a", "x"));
+  EXPECT_EQ("C:\\a\\\\x", join_path("C:\\a\\", "x"));
+  EXPECT_EQ("C:\\x", join_path("C:", "x"));
+}
+
+TEST(Text, LeadingNumber) {
+  EXPECT_EQ(12, val("12abc"));
+  EXPECT_EQ(0, val("abc"));
+  EXPECT_EQ(0, val(""));
+  EXPECT_EQ(-3.5, val("  -3.5 MB"));
+  EXPECT_EQ(1441, val("1441"));
+  double d = 0;
+  EXPECT_FALSE(parse_number("", d));
+  EXPECT_FALSE(parse_number("12a", d));
+  EXPECT_TRUE(parse_number(" 120 ", d));
+  EXPECT_EQ(120, d);
+}
+
+namespace {
+PathKind fake_disk(const std::string& p) {
+  if (p == "C:\\dir" || p == "C:\\my dir") return PathKind::folder;
+  if (p == "C:\\f.txt" || p == "C:\\my file.txt") return PathKind::file;
+  return PathKind::none;
+}
+}  // namespace
+
+TEST(CommandLine, StartWords) {
+  EXPECT_TRUE(start_words("start").restart);
+  EXPECT_FALSE(start_words("start").tray);
+  EXPECT_TRUE(start_words("X start").tray);
+  EXPECT_TRUE(start_words("C:\\restart\\Xfiles").tray);
+  EXPECT_FALSE(start_words("START X").restart);
+  EXPECT_FALSE(start_words("X").tray);
+}
+
+TEST(CommandLine, UnquotedIsOnePath) {
+  std::vector<std::string> paths;
+  uint8_t count = 0;
+  EXPECT_TRUE(analyze_text("C:\\dir", fake_disk, paths, count));
+  ASSERT_EQ(2u, paths.size());
+  EXPECT_EQ("C:\\dir", paths[1]);
+  EXPECT_EQ(0, count);
+
+  EXPECT_FALSE(analyze_text("C:\\f.txt", fake_disk, paths, count));
+  EXPECT_EQ("C:\\f.txt", paths[1]);
+
+  // A name of nothing leaves one empty element.
+  EXPECT_FALSE(analyze_text("C:\\nothing", fake_disk, paths, count));
+  ASSERT_EQ(2u, paths.size());
+  EXPECT_EQ("", paths[1]);
+}
+
+TEST(CommandLine, QuotedPathsAreCountedAndSkipped) {
+  std::vector<std::string> paths;
+  uint8_t count = 0;
+  EXPECT_FALSE(analyze_text("\"C:\\my file.txt\"", fake_disk, paths, count));
+  EXPECT_EQ(1, count);
+  ASSERT_EQ(2u, paths.size());
+  EXPECT_EQ("C:\\my file.txt", paths[1]);
+
+  // The counter runs on across calls; a missing path is skipped silently.
+  EXPECT_TRUE(analyze_text("\"C:\\gone\" \"C:\\my dir\" \"C:\\f.txt\"", fake_disk, paths, count));
+  EXPECT_EQ(3, count);
+  ASSERT_EQ(4u, paths.size());
+  EXPECT_EQ("", paths[1]);
+  EXPECT_EQ("C:\\my dir", paths[2]);
+  EXPECT_EQ("C:\\f.txt", paths[3]);
+}

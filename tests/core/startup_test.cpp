@@ -1,0 +1,138 @@
+// The roads of the start, seen from outside: the real exe is started with a
+// command line and the disk and its windows are looked at afterwards.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/globals.h"
+#include "core/mainu.h"
+#include "support/scratch.h"
+#include "ui/dialogs.h"
+#include "ui/end.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::ScratchDir;
+
+namespace {
+
+const char* exe = "C:\\wh\\Wellharrower.exe";
+
+class Program {
+public:
+  explicit Program(const std::string& tail) {
+    std::string line = std::string("\"") + exe + "\"" + (tail.empty() ? "" : " " + tail);
+    STARTUPINFOA si{};
+    si.cb = sizeof si;
+    started_ = CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                              "C:\\", &si, &pi_);
+  }
+  ~Program() {
+    if (!started_) return;
+    if (WaitForSingleObject(pi_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(pi_.hProcess, 9);
+    WaitForSingleObject(pi_.hProcess, 10000);
+    CloseHandle(pi_.hProcess);
+    CloseHandle(pi_.hThread);
+  }
+  bool started() const { return started_; }
+  // True when it ended within the time.
+  bool ends_within(DWORD ms) const { return WaitForSingleObject(pi_.hProcess, ms) == WAIT_OBJECT_0; }
+  // Its main window, once it has one (waits up to `ms`).
+  HWND main_window(DWORD ms) const {
+    for (DWORD waited = 0; waited < ms; waited += 50) {
+      HWND found = nullptr;
+      for (HWND w = FindWindowExA(nullptr, nullptr, "Wellharrower", nullptr); w;
+           w = FindWindowExA(nullptr, w, "Wellharrower", nullptr)) {
+        DWORD pid = 0;
+        GetWindowThreadProcessId(w, &pid);
+        if (pid == pi_.dwProcessId) found = w;
+      }
+      if (found) return found;
+      if (ends_within(50)) return nullptr;
+    }
+    return nullptr;
+  }
+
+private:
+  PROCESS_INFORMATION pi_{};
+  bool started_ = false;
+};
+
+}  // namespace
+
+TEST(StartWithPaths, QuotedAndUnquotedFoldersAreShreddedAndRemoved) {
+  ScratchDir dir("e2e_folders");
+  dir.file("some folder\\a.txt", "secret a");
+  dir.file("some folder\\inner\\b.doc", std::string(20000, 'b'));
+  dir.file("some folder\\inner\\empty\\c", "");
+  dir.file("somefolder\\d.txt", "secret d");
+  {
+    Program quoted("\"" + dir.path() + "\\some folder\"");
+    ASSERT_TRUE(quoted.started());
+    EXPECT_TRUE(quoted.ends_within(60000));
+  }
+  {
+    Program unquoted(dir.path() + "\\somefolder");
+    EXPECT_TRUE(unquoted.ends_within(60000));
+  }
+  EXPECT_FALSE(path_exists(dir / "some folder"));
+  EXPECT_FALSE(path_exists(dir / "somefolder"));
+  // Nothing left beside them either: no renamed leftovers.
+  WIN32_FIND_DATAA fd;
+  HANDLE h = FindFirstFileA((dir.path() + "\\*").c_str(), &fd);
+  int entries = 0;
+  if (h != INVALID_HANDLE_VALUE) {
+    do entries += std::string(fd.cFileName) != "." && std::string(fd.cFileName) != "..";
+    while (FindNextFileA(h, &fd));
+    FindClose(h);
+  }
+  EXPECT_EQ(0, entries);
+}
+
+TEST(OrdinaryStart, SecondInstanceEndsAtOnceWithoutAWindow) {
+  ScratchDir dir("e2e_instances");
+  std::string restart_folder = dir.folder("restart here");
+  Program first("");
+  ASSERT_NE(nullptr, first.main_window(20000)) << "the first instance shows its window";
+
+  Program second("");
+  EXPECT_TRUE(second.ends_within(15000));
+  EXPECT_EQ(nullptr, second.main_window(0));
+
+  // "start" inside a path is the word, not a path: the ordinary road, which
+  // ends at once beside the running instance and leaves the folder alone.
+  Program restart("\"" + restart_folder + "\"");
+  EXPECT_TRUE(restart.ends_within(15000));
+  EXPECT_TRUE(path_exists(restart_folder));
+}
+
+TEST(OrdinaryStart, StartAndXSendTheWindowToTheTray) {
+  {
+    Program shown("start");
+    HWND w = shown.main_window(20000);
+    ASSERT_NE(nullptr, w);
+    Sleep(300);
+    EXPECT_TRUE(IsWindowVisible(w));
+  }
+  {
+    Program hidden("X start");
+    HWND w = hidden.main_window(20000);
+    ASSERT_NE(nullptr, w);
+    Sleep(300);
+    EXPECT_FALSE(IsWindowVisible(w));
+  }
+}
+
+TEST(StartWithPaths, InProcessFolderRoadAsksNothingAndEnds) {
+  ScratchDir dir("inproc_folder");
+  dir.file("tree\\x.bin", std::string(3000, 'x'));
+  ScriptedDialogs boxes;
+  EndHook end;
+  EXPECT_THROW(mainu().start(dir / "tree"), ProgramEnded);
+  EXPECT_TRUE(end.called());
+  EXPECT_EQ(2, choose_result);
+  EXPECT_FALSE(path_exists(dir / "tree"));
+  EXPECT_EQ(0u, boxes.count());
+}
