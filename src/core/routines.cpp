@@ -11,6 +11,8 @@
 #include "platform/registry.h"
 #include "platform/rt_error.h"
 #include "platform/shell.h"
+#include "ui/form.h"
+#include "ui/list_box.h"
 
 namespace wh {
 
@@ -129,6 +131,41 @@ int register_component(HWND hwnd, const std::string& path, bool do_register) {
   // The entry is called as a window procedure with the handle and zeros.
   LRESULT answer = CallWindowProcA(entry, hwnd, 0, 0, 0);
   return answer != 0 ? 15 : 0;
+}
+
+}  // namespace wh
+
+namespace wh {
+
+namespace {
+// The width of a line in the form's own font, as the form measures text.
+int form_text_width(const Form& form, const std::string& text) {
+  HDC dc = GetDC(form.hwnd());
+  HGDIOBJ old = SelectObject(dc, font_handle(FontDesc{}));
+  SIZE size{};
+  GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+  SelectObject(dc, old);
+  ReleaseDC(form.hwnd(), dc);
+  return size.cx;
+}
+}  // namespace
+
+void list_add_wide(ListBox& list, const std::string& line) {
+  // LB_ADDSTRING straight to the window: one message, and sorted lists
+  // still place the line.
+  list.send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+  const int width = form_text_width(list.form(), line) + 10;
+  // A Tag that is no number fails the comparison; with errors ignored the
+  // block behind it runs, so the first line always sets the width.
+  double widest = 0;
+  if (!parse_number(list.Tag, widest) || width > widest) {
+    list.Tag = std::to_string(width);
+    list_set_extent(list, width);
+  }
+}
+
+LRESULT list_set_extent(ListBox& list, int width) {
+  return list.send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
 }
 
 }  // namespace wh
