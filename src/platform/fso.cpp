@@ -221,9 +221,33 @@ bool same_or_inside(const std::string& inner, const std::string& outer) {
   return inner.size() == outer.size() || is_sep(inner[outer.size()]);
 }
 
-// Destination of one source under the "ends in \ means into" rule.
-std::string target_for(const std::string& destination, const std::string& name, bool into) {
-  return into ? join(destination, name) : destination;
+// What a copy or a move works on: the entries that the source names, the
+// folder they stand in, and where each one goes. A destination ending in
+// "\" (or any wildcard source) means "into that folder", which must exist.
+struct Transfer {
+  std::string folder;
+  std::vector<WIN32_FIND_DATAA> found;
+  std::vector<std::string> targets;
+  std::string from(size_t i) const { return folder + found[i].cFileName; }
+};
+
+int plan_transfer(std::string source, const std::string& destination, bool folders,
+                  Transfer& t) {
+  if (folders) {
+    source = strip_trailing_seps(source);
+    if (split(source).name.empty()) return rt_path_not_found;
+  }
+  t.folder = spec_folder(source);
+  t.found = matches(source, folders);
+  if (t.found.empty()) return folders ? rt_path_not_found : rt_file_not_found;
+  const bool into = (!destination.empty() && is_sep(destination.back())) ||
+                    has_wildcards(split(source).name);
+  if (into && !file_system().FolderExists(destination)) return rt_path_not_found;
+  for (const auto& fd : t.found) {
+    std::string to = into ? join(destination, fd.cFileName) : destination;
+    t.targets.push_back(folders ? strip_trailing_seps(to) : to);
+  }
+  return rt_ok;
 }
 
 }  // namespace
@@ -469,71 +493,41 @@ int FileSystemObject::DeleteFolder(const std::string& spec, bool force) const {
 
 int FileSystemObject::CopyFile(const std::string& source, const std::string& destination,
                                bool overwrite) const {
-  std::string folder = spec_folder(source);
-  auto found = matches(source, false);
-  if (found.empty()) return rt_file_not_found;
-  bool into = !destination.empty() && is_sep(destination.back());
-  if (has_wildcards(split(source).name)) into = true;
-  if (into && !FolderExists(destination)) return rt_path_not_found;
-  for (const auto& fd : found) {
-    std::string to = target_for(destination, fd.cFileName, into);
-    if (!::CopyFileA((folder + fd.cFileName).c_str(), to.c_str(), !overwrite))
+  Transfer t;
+  if (int r = plan_transfer(source, destination, false, t)) return r;
+  for (size_t i = 0; i < t.found.size(); ++i)
+    if (!::CopyFileA(t.from(i).c_str(), t.targets[i].c_str(), !overwrite))
       return rt_from_win32(GetLastError());
-  }
   return rt_ok;
 }
 
 int FileSystemObject::CopyFolder(const std::string& source, const std::string& destination,
                                  bool overwrite) const {
-  std::string s = strip_trailing_seps(source);
-  if (split(s).name.empty()) return rt_path_not_found;
-  std::string folder = spec_folder(s);
-  auto found = matches(s, true);
-  if (found.empty()) return rt_path_not_found;
-  bool into = !destination.empty() && is_sep(destination.back());
-  if (has_wildcards(split(s).name)) into = true;
-  if (into && !FolderExists(destination)) return rt_path_not_found;
-  for (const auto& fd : found) {
-    std::string from = folder + fd.cFileName;
-    std::string to = strip_trailing_seps(target_for(destination, fd.cFileName, into));
+  Transfer t;
+  if (int r = plan_transfer(source, destination, true, t)) return r;
+  for (size_t i = 0; i < t.found.size(); ++i) {
     // Copying a folder into itself would never end.
-    if (same_or_inside(GetAbsolutePathName(to), GetAbsolutePathName(from)))
+    if (same_or_inside(GetAbsolutePathName(t.targets[i]), GetAbsolutePathName(t.from(i))))
       return rt_permission_denied;
-    if (int r = copy_tree(from, to, overwrite)) return r;
+    if (int r = copy_tree(t.from(i), t.targets[i], overwrite)) return r;
   }
   return rt_ok;
 }
 
 int FileSystemObject::MoveFile(const std::string& source, const std::string& destination) const {
-  std::string folder = spec_folder(source);
-  auto found = matches(source, false);
-  if (found.empty()) return rt_file_not_found;
-  bool into = !destination.empty() && is_sep(destination.back());
-  if (has_wildcards(split(source).name)) into = true;
-  if (into && !FolderExists(destination)) return rt_path_not_found;
-  for (const auto& fd : found) {
-    std::string to = target_for(destination, fd.cFileName, into);
-    if (!::MoveFileA((folder + fd.cFileName).c_str(), to.c_str()))
-      return rt_from_win32(GetLastError());
-  }
+  Transfer t;
+  if (int r = plan_transfer(source, destination, false, t)) return r;
+  for (size_t i = 0; i < t.found.size(); ++i)
+    if (!::MoveFileA(t.from(i).c_str(), t.targets[i].c_str())) return rt_from_win32(GetLastError());
   return rt_ok;
 }
 
 int FileSystemObject::MoveFolder(const std::string& source,
                                  const std::string& destination) const {
-  std::string s = strip_trailing_seps(source);
-  if (split(s).name.empty()) return rt_path_not_found;
-  std::string folder = spec_folder(s);
-  auto found = matches(s, true);
-  if (found.empty()) return rt_path_not_found;
-  bool into = !destination.empty() && is_sep(destination.back());
-  if (has_wildcards(split(s).name)) into = true;
-  if (into && !FolderExists(destination)) return rt_path_not_found;
-  for (const auto& fd : found) {
-    std::string to = strip_trailing_seps(target_for(destination, fd.cFileName, into));
-    if (!::MoveFileA((folder + fd.cFileName).c_str(), to.c_str()))
-      return rt_from_win32(GetLastError());
-  }
+  Transfer t;
+  if (int r = plan_transfer(source, destination, true, t)) return r;
+  for (size_t i = 0; i < t.found.size(); ++i)
+    if (!::MoveFileA(t.from(i).c_str(), t.targets[i].c_str())) return rt_from_win32(GetLastError());
   return rt_ok;
 }
 
