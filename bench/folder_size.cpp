@@ -4,6 +4,8 @@
 //   bench_folder_size [files_per_folder] [folders]
 #include <windows.h>
 
+#include "bench_clock.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -13,16 +15,7 @@
 
 namespace {
 
-double now_ms() {
-  static LARGE_INTEGER freq = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER t;
-  QueryPerformanceCounter(&t);
-  return 1000.0 * static_cast<double>(t.QuadPart) / static_cast<double>(freq.QuadPart);
-}
+using bench::now_ms;
 
 // The baseline: what a straightforward program would write.
 double plain_walk(const std::string& folder) {

@@ -6,6 +6,8 @@
 //   bench_lcd_write [hovers_per_round] [rounds]
 #include <windows.h>
 
+#include "bench_clock.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -15,16 +17,7 @@
 
 namespace {
 
-double now_us() {
-  static LARGE_INTEGER freq = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER t;
-  QueryPerformanceCounter(&t);
-  return 1e6 * static_cast<double>(t.QuadPart) / static_cast<double>(freq.QuadPart);
-}
+using bench::now_us;
 
 const char* const kLines[5] = {"Free space C: 12 GB", "CPU load: 17%", "RAM free: 212 MB",
                                "Shred a file or a", "folder, 3 passes"};

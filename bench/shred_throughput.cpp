@@ -5,6 +5,8 @@
 //   bench_shred_throughput [folder] [megabytes]
 #include <windows.h>
 
+#include "bench_clock.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -14,19 +16,6 @@
 #include "filetools/shredder.h"
 
 namespace {
-
-double seconds_since(LARGE_INTEGER start) {
-  LARGE_INTEGER now, freq;
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&freq);
-  return static_cast<double>(now.QuadPart - start.QuadPart) / static_cast<double>(freq.QuadPart);
-}
-
-LARGE_INTEGER now() {
-  LARGE_INTEGER t;
-  QueryPerformanceCounter(&t);
-  return t;
-}
 
 // The baseline: 1 MiB writes of one byte value, then a flush, as plain as it gets.
 bool plain_write(const std::string& path, int64_t bytes, char fill) {
@@ -56,19 +45,19 @@ int main(int argc, char** argv) {
     std::printf("cannot write %s\n", path.c_str());
     return 1;
   }
-  LARGE_INTEGER t0 = now();
+  double t0 = bench::seconds();
   plain_write(path, bytes, 'y');
-  const double plain = seconds_since(t0);
+  const double plain = bench::seconds() - t0;
 
-  t0 = now();
+  t0 = bench::seconds();
   plain_write(path, bytes, 'z');
   DeleteFileA(path.c_str());
-  const double plain_delete = seconds_since(t0);
+  const double plain_delete = bench::seconds() - t0;
   plain_write(path, bytes, 'x');
 
-  t0 = now();
+  t0 = bench::seconds();
   wh::shred_file(path, 1, true);  // overwrites, renames and deletes
-  const double shred = seconds_since(t0);
+  const double shred = bench::seconds() - t0;
 
   const double plain_rate = static_cast<double>(mb) / plain;
   const double baseline_rate = static_cast<double>(mb) / plain_delete;
