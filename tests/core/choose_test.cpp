@@ -1,0 +1,148 @@
+// The choose window: where it comes up, which answer its frame gives, and the
+// start with a file that asks before it shreds.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "core/choose.h"
+#include "core/globals.h"
+#include "core/mainu.h"
+#include "support/scratch.h"
+#include "ui/ui.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::ScratchDir;
+
+namespace {
+
+// As a user answers: over a picture, then a click on the frame that followed.
+void point_at(const ImageButton& picture) { picture.send(WM_MOUSEMOVE, 0, MAKELPARAM(20, 20)); }
+void click(const ImageButton& b) {
+  b.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
+  b.send(WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
+}
+
+bool topmost(HWND w) { return (GetWindowLongA(w, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
+
+POINT cursor() {
+  POINT p{};
+  GetCursorPos(&p);
+  return p;
+}
+
+class ChooseTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    if (choose_loaded()) choose_unload();
+    choose_result = -1;
+    language_flag = 1;
+  }
+  void TearDown() override {
+    if (choose_loaded()) choose_unload();
+    language_flag = 0;
+    do_events();
+  }
+};
+
+TEST_F(ChooseTest, ComesUpUnderTheMouseOnTopWithThePointerOnTheFirstAnswer) {
+  SetCursorPos(500, 400);
+  Choose& c = choose();
+  // x * 15 - 1095 and y * 15 - 270 twips.
+  EXPECT_EQ(500 - 73, c.Left());
+  EXPECT_EQ(400 - 18, c.Top());
+  EXPECT_TRUE(c.Visible());
+  EXPECT_TRUE(topmost(c.hwnd()));
+  const POINT p = cursor();
+  EXPECT_EQ(c.Left() + 17, p.x);
+  EXPECT_EQ(c.Top() + 24, p.y);
+  // The pointer rests on the frame: a click answers at once.
+  EXPECT_EQ(c.Image4.hwnd(), WindowFromPoint(p));
+}
+
+TEST_F(ChooseTest, NearTheCornerTheWindowIsPushedBackAndThePointerStaysWhereItWasPut) {
+  const int sw = GetSystemMetrics(SM_CXSCREEN), sh = GetSystemMetrics(SM_CYSCREEN);
+  SetCursorPos(sw - 10, sh - 8);
+  Choose& c = choose();
+  EXPECT_EQ(sw - c.Width(), c.Left());
+  EXPECT_EQ(sh - c.Height(), c.Top());
+  const POINT p = cursor();
+  EXPECT_EQ(sw - 10 - 73 + 17, p.x);
+  EXPECT_EQ(std::min(sh - 1, sh - 8 - 18 + 24), p.y);
+}
+
+TEST_F(ChooseTest, NearTheLeftEdgeNothingPullsTheWindowBack) {
+  SetCursorPos(20, 300);
+  Choose& c = choose();
+  EXPECT_EQ(20 - 73, c.Left());
+}
+
+TEST_F(ChooseTest, TheAnswerIsWhereTheFrameStands) {
+  struct Case {
+    int picture;  // 1, 2 or 3
+    int frame_left;
+    int answer;
+  };
+  for (const Case& k : {Case{1, 8, 0}, Case{2, 56, 1}, Case{3, 104, 2}, Case{1, 8, 0}}) {
+    choose_result = -1;
+    Choose& c = choose();
+    // Over the last answer first, so that each move is seen to move the frame.
+    point_at(c.Image3);
+    point_at(k.picture == 1 ? c.Image1 : k.picture == 2 ? c.Image2 : c.Image3);
+    EXPECT_EQ(k.frame_left, c.Image4.Left());
+    const HWND w = c.hwnd();
+    click(c.Image4);
+    EXPECT_EQ(k.answer, choose_result);
+    EXPECT_FALSE(choose_loaded());
+    EXPECT_FALSE(IsWindow(w));
+  }
+}
+
+TEST_F(ChooseTest, WithoutAMoveTheFrameAnswersHarrowEvenWithSplitHidden) {
+  Choose& c = choose();
+  c.Image2.Visible(false);
+  click(c.Image4);
+  EXPECT_EQ(0, choose_result);
+}
+
+TEST_F(ChooseTest, CaptionsFollowTheLanguage) {
+  Choose& english = choose();
+  EXPECT_EQ("Please wait while             shredding...", english.Label1.Caption());
+  EXPECT_EQ("  Please wait while     closing all programs", english.Label2.Caption());
+  EXPECT_FALSE(english.Picture1.Visible());
+  choose_unload();
+  language_flag = 0;  // anything but 1 is Romanian
+  Choose& romanian = choose();
+  EXPECT_EQ("Va rog asteptati        RAD...", romanian.Label1.Caption());
+  EXPECT_EQ("  Va rog asteptati...       inchid  aplicatiile", romanian.Label2.Caption());
+}
+
+// Answers the window of a start with paths once it is up: shred.
+void CALLBACK answer_shred(HWND, UINT, UINT_PTR id, DWORD) {
+  if (!choose_loaded()) return;
+  KillTimer(nullptr, id);
+  Choose& c = choose();
+  point_at(c.Image3);
+  click(c.Image4);
+}
+
+TEST_F(ChooseTest, AStartWithAFileAsksAndTheThirdAnswerShredsIt) {
+  ScratchDir dir("choose_file");
+  const std::string file = dir.file("secret.txt", std::string(10000, 's'));
+  EndHook end;
+  ScriptedDialogs boxes;
+  SetTimer(nullptr, 0, 20, answer_shred);
+  EXPECT_THROW(mainu().start("\"" + file + "\""), ProgramEnded);
+  EXPECT_EQ(2, choose_result);
+  EXPECT_FALSE(path_exists(file));
+  EXPECT_EQ(0u, boxes.count());
+  // The window stays up as the wait panel until the end.
+  ASSERT_TRUE(choose_loaded());
+  EXPECT_TRUE(choose().Picture1.Visible());
+  mainu_clear();
+}
+
+}  // namespace
