@@ -65,6 +65,7 @@ CONTENT = (100, 72, 620, 330)
 STRIP = (96, 414, 628, 46)                  # the well under the pages
 PROGRESS = (104, 426, 360, 22)              # picProgress
 PROGRESS_SMALL = (476, 426, 240, 22)        # Picture16
+STRIP_PANEL = (470, 416, 250, 42)           # frame1 and search, over Picture16
 LCD = (741, 79, 121, 45)                    # 20 x 5 cells of 6 x 9, one extra column
 LCD_BEZEL = (734, 72, 135, 59)
 ACTIONS = {"del": (736, 144, 132, 34), "delall": (736, 184, 132, 34),
@@ -569,6 +570,8 @@ def layout_header():
         "// The strip under the pages: the progress bars.",
         f"inline constexpr Rect progress = {rect(PROGRESS)};",
         f"inline constexpr Rect progress_small = {rect(PROGRESS_SMALL)};",
+        "// The panels some sections put over the small bar (frame1, search).",
+        f"inline constexpr Rect strip_panel = {rect(STRIP_PANEL)};",
         "",
         "// The small extras of the sections, two to a row beside the pages.",
         "inline constexpr int extra_count = 8;",

@@ -44,6 +44,8 @@ inline constexpr Rect tip_panel = {250, 110, 320, 170};
 // The strip under the pages: the progress bars.
 inline constexpr Rect progress = {104, 426, 360, 22};
 inline constexpr Rect progress_small = {476, 426, 240, 22};
+// The panels some sections put over the small bar (frame1, search).
+inline constexpr Rect strip_panel = {470, 416, 250, 42};
 
 // The small extras of the sections, two to a row beside the pages.
 inline constexpr int extra_count = 8;
