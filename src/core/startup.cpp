@@ -3,11 +3,14 @@
 // paths handed over by Explorer.
 #include <windows.h>
 
+#include <algorithm>
+
 #include "core/choose.h"
 #include "core/cmdline.h"
 #include "core/globals.h"
 #include "core/later.h"
 #include "core/mainu.h"
+#include "core/poweroff.h"
 #include "core/routines.h"
 #include "core/settings.h"
 #include "core/text.h"
@@ -15,6 +18,7 @@
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/processes.h"
+#include "platform/rt_error.h"
 
 namespace wh {
 
@@ -35,7 +39,12 @@ bool previous_instance() {
 int upper_bound() { return static_cast<int>(cmdline_paths.size()) - 1; }
 }  // namespace
 
-void Mainu::Form_Initialize() { start(command_tail()); }
+void Mainu::Form_Initialize() {
+  // The form's first event. Raised as one, so that the events it raises by
+  // code (a box that load_settings ticks) are nested in it and their errors
+  // come back to the statement that ticked the box.
+  raise_event([this] { start(command_tail()); });
+}
 
 void Mainu::start(std::string tail) {
   StartWords words = start_words(tail);
@@ -44,10 +53,14 @@ void Mainu::start(std::string tail) {
     if (words.tray) emini = "X";
     tail.clear();
   }
-  if (tail.empty())
+  if (tail.empty()) {
+    // A second instance ends before anything is made. (A start with paths
+    // makes no such test.)
+    if (previous_instance()) end_program();
     ordinary_start();
-  else
+  } else {
     start_with_paths(tail);
+  }
 }
 
 bool Mainu::analyze(std::string& text) {
@@ -55,11 +68,12 @@ bool Mainu::analyze(std::string& text) {
 }
 
 void Mainu::ordinary_start() {
-  if (previous_instance()) end_program();
   for (ImageButton* b : {&RUN, &Image11, &uninstall, &junk, &task, &splity, &dirinfo, &kila, &shred})
     b->Enabled(true);
   lighton = "MAINU";
   delall.Visible(false);
+  task_list = std::make_unique<clsApplicazioni>();
+  active_process = std::make_unique<clsActiveProcess>();
   ActiveSection = 1;
   shred.LoadPicture("SHRED_JOS");
   kila.LoadPicture("KILLA_JOS");
@@ -86,6 +100,8 @@ void Mainu::apply_skin() {
   // The shaped window comes with the skin.
 }
 
+// Each step in its place: a stored "true" ticks a box that was clear, and
+// only that runs the box's handler, so the order is the order of effects.
 void Mainu::load_settings() {
   reface = true;
   ++load_count_;
@@ -101,26 +117,105 @@ void Mainu::load_settings() {
     first_run_done = true;
     wait_until([] { return first_run_done; });
   }
+  // 0 is taken as unset, each coordinate alone.
   const double left = val(setting("left")), top = val(setting("top"));
   Left(static_cast<int>((left != 0 ? left : 4410) / twips));
   Top(static_cast<int>((top != 0 ? top : 2820) / twips));
+  options.Text3.Text(number_text(val(setting("ramamount"))));
+  options.Text4.Text(number_text(val(setting("ramtime"))));
+
+  // From here on every failure is dropped and the next step runs.
+  bool plugins = false;
+  ignore_errors([&] { plugins = scan_plugins(); });
+  ignore_errors([&] { showplugins.picture(plugins ? Image23.picture() : Image22.picture()); });
+  // A later call only scans the plug-ins again.
   if (load_count_ > 1) return;
-  save_setting("runed", number_text(val(setting("runed")) + 1));
-  if (setting("tray") == "true") {
-    tray_add();
-    Hide();
+
+  const double runs = val(setting("runed")) + 1;
+  ignore_errors([&] { save_setting("runed", number_text(runs)); });
+  if (runs == 45 && setting("limba") == "engleza") ignore_errors([&] { show_poweroff_once(); });
+
+  ignore_errors([&] { options.Check4.Value(setting("keyboard") == "true" ? 1 : 0); });
+  if (setting("autorefresh") == "true") {
+    ignore_errors([&] { options.Check1.Value(1); });
+    ignore_errors([&] { Timer1.Enabled(true); });
+    ignore_errors([&] { options.Text1.Text(setting("autorefreshtime")); });
+    ignore_errors([&] {
+      Timer1.Interval(static_cast<unsigned>(std::max(0.0, val(setting("autorefreshtime")) * 1000)));
+    });
   } else {
-    Show();
+    ignore_errors([&] { options.Check1.Value(0); });
+    ignore_errors([&] { Timer1.Enabled(false); });
   }
-  language_flag = setting("limba") == "romana" ? 2 : 1;
-  ActiveSection = 0;
+  if (setting("autofree") == "true") {
+    ignore_errors([&] { options.Check2.Value(1); });
+    if (setting("autofreetype") == "timp")
+      ignore_errors([&] { options.Option8.Value(true); });
+    else
+      ignore_errors([&] { options.Option9.Value(true); });
+  } else {
+    ignore_errors([&] { options.Check2.Value(0); });
+  }
+  ignore_errors([&] { options.Check3.Value(setting("harrowall") == "true" ? 1 : 0); });
+  ignore_errors([&] { options.Check5.Value(setting("autostart") == "true" ? 1 : 0); });
+  ignore_errors([&] { options.Check7.Value(setting("context") == "true" ? 1 : 0); });
+  if (setting("tray") == "true") {
+    ignore_errors([&] { options.Check6.Value(1); });
+    ignore_errors([&] { tray_add(); });
+    ignore_errors([&] { Hide(); });
+  } else {
+    ignore_errors([&] { options.Check6.Value(0); });
+    ignore_errors([&] { Show(); });  // the one place an ordinary start shows the form
+  }
+  if (setting("limba") == "romana")
+    ignore_errors([&] { options.Option11.Value(true); });
+  else
+    ignore_errors([&] { options.Option10.Value(true); });
+
+  ignore_errors([&] { options.Combo1.Text(setting("mod")); });
+  ActiveSection = 0;  // so that the start section does not take itself for the present one
+  ignore_errors([&] { enter_start_section(); });
+
   if (restart) {
-    junk_Click();
+    ignore_errors([&] { junk_Click(); });
     if (emini == "X") {
-      tray_add();
-      Hide();
+      ignore_errors([&] { tray_add(); });
+      ignore_errors([&] { Hide(); });
     }
   }
+  ignore_errors([&] { monitor_start(); });
+}
+
+// "Disk Space Explorer", which the Options page offers in English, has no
+// line here: it starts with no section.
+void Mainu::enter_start_section() {
+  const std::string mod = options.Combo1.Text();
+  if (mod == "Dezinstalare programe" || mod == "Uninstall programs")
+    uninstall_Click();
+  else if (mod == "StartUp Manager" || mod == "StartUp")
+    RUN_Click();
+  else if (mod == "TaskManager")
+    task_Click();
+  else if (mod == "Despicare fisiere" || mod == "Split Files")
+    splity_Click();
+  else if (mod == "JunkHarrower" || mod == "Curatare hard disk")
+    junk_Click();
+  else if (mod == "Wellformat")
+    kila_Click();
+  else if (mod == "DirInfo")
+    dirinfo_Click();
+  else if (mod == "Radere fisiere" || mod == "Shred Files")
+    shred_Click();
+  else if (mod == "Duplicate Harrower" || mod == "Gasire fisiere duplicat")
+    dupy_Click();
+}
+
+void Mainu::show_poweroff_once() {
+  Poweroff& p = poweroff();
+  // Topmost, no size, no move, no activation, shown (flags 83).
+  ::SetWindowPos(p.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, 83);
+  for (Control* c : std::initializer_list<Control*>{&p.md, &p.sm, &p.sp, &p.Label3})
+    c->Visible(true);
 }
 
 void Mainu::start_with_paths(const std::string& tail) {
@@ -166,6 +261,8 @@ void Mainu::start_with_paths(const std::string& tail) {
     apply_skin();
     changelanguage(setting("limba") == "romana" ? 2 : 1);
     splity.Enabled(true);
+    splity_Click();
+    Label1_Click();
     Show();
   }
 }
