@@ -37,6 +37,9 @@ public:
     CloseHandle(pi_.hThread);
   }
   bool started() const { return started_; }
+  // Until its start is over and it waits for input (a fixed sleep raced
+  // with the slower starts under Wine).
+  void wait_idle() const { WaitForInputIdle(pi_.hProcess, 20000); }
   // True when it ended within the time.
   bool ends_within(DWORD ms) const { return WaitForSingleObject(pi_.hProcess, ms) == WAIT_OBJECT_0; }
   // Its main window, once it has one (waits up to `ms`).
@@ -113,14 +116,14 @@ TEST(OrdinaryStart, StartAndXSendTheWindowToTheTray) {
     Program shown("start");
     HWND w = shown.main_window(20000);
     ASSERT_NE(nullptr, w);
-    Sleep(300);
+    shown.wait_idle();
     EXPECT_TRUE(IsWindowVisible(w));
   }
   {
     Program hidden("X start");
     HWND w = hidden.main_window(20000);
     ASSERT_NE(nullptr, w);
-    Sleep(300);
+    hidden.wait_idle();
     EXPECT_FALSE(IsWindowVisible(w));
   }
 }

@@ -1,0 +1,267 @@
+// Switching sections and the three action buttons, on a main form whose
+// still-empty section blocks record that they were reached.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "core/text.h"
+#include "form_test.h"
+#include "platform/files.h"
+#include "support/scratch.h"
+
+using namespace wh;
+using wh::test::shows;
+using Names = std::vector<std::string>;
+
+namespace {
+
+class Probe : public Mainu {
+public:
+  Names calls;
+  Names killed;
+  Names task_rows;               // what afis_tasks puts in List2
+  int ticked_when_harrowed = -1;  // category boxes ticked when the junk block ran
+
+  void note(const std::string& what) { calls.push_back(what); }
+  int count(const std::string& what) const {
+    return static_cast<int>(std::count(calls.begin(), calls.end(), what));
+  }
+
+  void scan_installed_programs() override { note("scan_installed_programs"); }
+  void afis_tasks() override {
+    note("afis_tasks");
+    List2.Clear();
+    for (const std::string& r : task_rows) List2.AddItem(r);
+  }
+  void Label1_Click() override { note("Label1_Click"); }
+  void Drive3_Change() override { note("Drive3_Change"); }
+  void junk_scan() override { note("junk_scan"); }
+  void scan_startup() override { note("scan_startup"); }
+  void load_search_paths() override { note("load_search_paths"); }
+  void del_duplicates() override {
+    note("del_duplicates");
+    ActiveSection = 9;  // a block that moves the section runs no other block
+  }
+  void del_startup_items() override { note("del_startup_items"); }
+  void del_junk() override {
+    note("del_junk");
+    ticked_when_harrowed = 0;
+    for (int i = 1; i <= 18; ++i) ticked_when_harrowed += check[i]->Value();
+  }
+  void del_uninstall() override { note("del_uninstall"); }
+  void del_tasks() override { note("del_tasks"); }
+  void del_split() override { note("del_split"); }
+  void del_disk_explorer() override { note("del_disk_explorer"); }
+  void del_floppy() override { note("del_floppy"); }
+  void del_shred() override { note("del_shred"); }
+  void killem(uint32_t, const std::string& name) override { killed.push_back(name); }
+  void lupa_Click() override { note("lupa_Click:" + current_check_key); }
+};
+
+class Sections : public wh::test::StoreTest {
+protected:
+  void SetUp() override {
+    StoreTest::SetUp();
+    save_setting("runed", "3");  // no first run, no tips
+    save_setting("readed 0.95", "1");
+    form = std::make_unique<Probe>();
+    raise_event([&] { form->ordinary_start(); });
+  }
+  void TearDown() override {
+    form.reset();
+    StoreTest::TearDown();
+  }
+  // The extras that entries show or hide, in this order, those showing.
+  Names shown_extras() {
+    Probe& m = *form;
+    Names names;
+    for (Control* c : std::initializer_list<Control*>{
+             &m.umb_up, &m.PIE, &m.QM, &m.lupe, &m.search, &m.showplugins, &m.explorer, &m.talpa,
+             &m.delfolder, &m.frogsus, &m.frame1, &m.splitbox, &m.Frame5, &m.Frame6, &m.Frame8,
+             &m.RUNframe, &m.junk_form, &m.finddups, &m.options.optiuni})
+      if (c->Visible()) names.push_back(c->Name());
+    return names;
+  }
+  std::unique_ptr<Probe> form;
+};
+
+}  // namespace
+
+TEST_F(Sections, EachEntryShowsItsOwnSetAndLightsOnlyItsButton) {
+  Probe& m = *form;
+  struct Entry {
+    void (Mainu::*handler)();
+    int section;
+    Names shown;
+    bool del, delall, ref;
+    ImageButton& button;
+    const char *lit, *plain;
+  };
+  const std::vector<Entry> entries = {
+      {&Mainu::uninstall_Click, 1, {"PIE", "delfolder"}, 1, 0, 1, m.uninstall, "DEZ_SUS",
+       "DEZ_JOS"},
+      {&Mainu::task_Click, 2, {"frogsus", "frame1"}, 1, 1, 1, m.task, "TASK_SUS", "TASK_JOS"},
+      {&Mainu::splity_Click, 3, {"splitbox"}, 1, 0, 1, m.splity, "SPLITSUS", "SPLITJOS"},
+      {&Mainu::dirinfo_Click, 4, {"explorer", "Frame5"}, 1, 0, 1, m.dirinfo, "DIRINFO_SUS",
+       "DIRINFO_JOS"},
+      {&Mainu::kila_Click, 5, {"Frame6"}, 1, 0, 1, m.kila, "KILLA_SUS", "KILLA_JOS"},
+      {&Mainu::shred_Click, 6, {"Frame8"}, 1, 0, 1, m.shred, "SHRED_SUS", "SHRED_JOS"},
+      {&Mainu::junk_Click, 8, {"showplugins", "frame1", "junk_form"}, 1, 1, 1, m.junk, "JUNK_SUS",
+       "JUNK_JOS"},
+      {&Mainu::RUN_Click, 9, {"umb_up", "RUNframe"}, 1, 0, 1, m.RUN, "RUN_SUS", "RUN_JOS"},
+      {&Mainu::dupy_Click, 10, {"finddups"}, 0, 0, 0, m.dupy, "DUP_SUS", "DUP_JOS"},
+  };
+  // Each from every other, so that the leftovers of any section would show.
+  for (const Entry& from : entries) {
+    for (const Entry& to : entries) {
+      if (from.section == to.section) continue;
+      (m.*from.handler)();
+      m.talpa.Visible(true);  // shown by a row choice in section 1
+      (m.*to.handler)();
+      SCOPED_TRACE(std::to_string(from.section) + " -> " + std::to_string(to.section));
+      EXPECT_EQ(to.section, ActiveSection);
+      EXPECT_EQ(to.shown, shown_extras());
+      EXPECT_EQ(std::vector<bool>({to.del, to.delall, to.ref}),
+                std::vector<bool>({m.del.Visible(), m.delall.Visible(), m.ref.Visible()}));
+      for (const Entry& other : entries)
+        EXPECT_TRUE(shows(other.button, &other == &to ? other.lit : other.plain))
+            << other.button.Name();
+    }
+  }
+}
+
+TEST_F(Sections, TheButtonOfTheShownSectionDoesNotRescanButDirinfoAlwaysDoes) {
+  Probe& m = *form;
+  m.displaytips = true;  // a first start: section 1's tip comes once in the run
+  struct Entry {
+    void (Mainu::*handler)();
+    const char* scan;
+  };
+  for (const Entry& e : {Entry{&Mainu::uninstall_Click, "scan_installed_programs"},
+                         Entry{&Mainu::task_Click, "afis_tasks"},
+                         Entry{&Mainu::splity_Click, "Label1_Click"},
+                         Entry{&Mainu::junk_Click, "junk_scan"},
+                         Entry{&Mainu::RUN_Click, "scan_startup"},
+                         Entry{&Mainu::dupy_Click, "load_search_paths"},
+                         Entry{&Mainu::dirinfo_Click, "Drive3_Change"}}) {
+    m.calls.clear();
+    (m.*e.handler)();
+    m.talpa.Visible(true);
+    (m.*e.handler)();
+    const bool again = e.handler == &Mainu::dirinfo_Click;
+    EXPECT_EQ(again ? 2 : 1, m.count(e.scan)) << e.scan;
+    EXPECT_EQ(!again, m.talpa.Visible()) << e.scan;
+    if (e.handler == &Mainu::uninstall_Click) {
+      EXPECT_TRUE(m.quicktip.Visible());
+    }
+    m.quicktip.Visible(false);
+  }
+  m.uninstall_Click();
+  EXPECT_FALSE(m.quicktip.Visible());
+}
+
+TEST_F(Sections, OptionsUndoOnlyWhatTheSectionLeftPutUpAndListByLanguage) {
+  Probe& m = *form;
+  save_setting("mod", "Split Files");
+  m.splity_Click();
+  m.Image11_Click();
+  EXPECT_EQ(7, ActiveSection);
+  EXPECT_TRUE(m.options.optiuni.Visible());
+  EXPECT_TRUE(m.splitbox.Visible());  // left standing under the page
+  EXPECT_TRUE(shows(m.splity, "SPLITJOS"));
+  EXPECT_FALSE(m.del.Visible() || m.ref.Visible());
+
+  m.task_Click();
+  m.Image11_Click();
+  EXPECT_FALSE(m.frogsus.Visible());
+  EXPECT_TRUE(m.frame1.Visible() && m.delall.Visible());  // only del and ref go
+
+  ComboBox& combo = m.options.Combo1;
+  EXPECT_EQ("Split Files", combo.Text());
+  EXPECT_EQ("Disk Space Explorer", combo.List(4));
+  language_flag = 2;
+  m.Image11_Click();  // again: a refill in the language now in use
+  ASSERT_EQ(9, combo.ListCount());
+  EXPECT_EQ("DirInfo", combo.List(4));
+
+  m.shred_Click();  // any section brings del and ref back
+  EXPECT_TRUE(m.del.Visible() && m.ref.Visible());
+}
+
+TEST_F(Sections, DelRunsExactlyTheBlockOfTheSectionItFound) {
+  Probe& m = *form;
+  const char* const blocks[] = {"",           "del_uninstall",     "del_tasks",
+                                "del_split",  "del_disk_explorer", "del_floppy",
+                                "del_shred",  "",                  "del_junk",
+                                "del_startup_items", "del_duplicates"};
+  for (int section = 0; section <= 10; ++section) {
+    m.calls.clear();
+    ActiveSection = static_cast<uint8_t>(section);
+    m.del_Click();
+    EXPECT_EQ(*blocks[section] ? Names{blocks[section]} : Names{}, m.calls) << section;
+  }
+}
+
+TEST_F(Sections, HarrowAllInJunkTicksAllButTheIndexFilesAndNeverEnds) {
+  Probe& m = *form;
+  save_setting("harrowall", "true");
+  m.junk_Click();
+  m.pluginlist.AddItem("a plug-in");
+  for (int left_as : {0, 1}) {
+    for (int i = 1; i <= 18; ++i) m.check[i]->Value(i == 18 ? left_as : 0);
+    m.calls.clear();
+    m.delall_Click();  // the fixture's end hook fails the test on an end
+    EXPECT_EQ(Names{"del_junk"}, m.calls);
+    EXPECT_EQ(17 + left_as, m.ticked_when_harrowed);
+    EXPECT_EQ(left_as, m.check[18]->Value());
+    EXPECT_EQ(1, m.pluginlist.SelCount());
+  }
+}
+
+TEST_F(Sections, HarrowAllInTasksSparesTheSystemAndEndsOnlyThere) {
+  Probe& m = *form;
+  m.task_rows = {"notepad.exe", "KERNEL32.DLL", "mprexe.exe", "Explorer.exe", "myexplorer.exe.old",
+                 ucase(app_exe_name()) + ".exe", "calc.exe"};
+  m.task_Click();
+  m.delall_Click();  // "harrowall" missing: no end
+  // The first row is never touched; the rest are tested after a fresh list.
+  EXPECT_EQ(Names{"calc.exe"}, m.killed);
+  EXPECT_EQ(2, m.count("afis_tasks"));
+
+  save_setting("harrowall", "true");
+  {
+    EndHook end;
+    EXPECT_THROW(m.delall_Click(), ProgramEnded);
+  }
+  EXPECT_EQ(2u, m.killed.size());  // the end came after the kills
+  m.Image11_Click();
+  m.delall_Click();  // the same setting ends nothing elsewhere
+}
+
+TEST_F(Sections, RefReadsAgainWhatItsSectionShows) {
+  Probe& m = *form;
+  // Junk: the scan, or the trace viewer shown again; in its narrow layout
+  // the key follows what the viewer shows.
+  m.junk_Click();
+  m.calls.clear();
+  m.ref_Click();
+  m.Frame15.Visible(true);
+  m.junk_files.AddItem("old line");
+  m.current_check_key = "CHECK13";
+  m.viewer_mode = 3;
+  m.ref_Click();
+  EXPECT_EQ(0, m.junk_files.ListCount());
+  m.Picture7.Left(2850 / 15);
+  m.current_check_key = "CHECK13";
+  m.ref_Click();
+  EXPECT_EQ((Names{"junk_scan", "lupa_Click:CHECK11", "lupa_Click:CHECK13"}), m.calls);
+  m.Frame15.Visible(false);
+
+  // The floppy section drops the tool it wrote; no drive A: is no error.
+  const std::string tool = app_path() + "\\killa.exe";
+  wh::test::write_file(tool, "MZ");
+  m.kila_Click();
+  m.ref_Click();
+  EXPECT_FALSE(wh::test::path_exists(tool));
+}
