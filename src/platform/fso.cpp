@@ -83,12 +83,12 @@ std::string join(const std::string& folder, const std::string& name) {
   return folder + '\\' + name;
 }
 
-// Folder part of a spec whose last component may hold wildcards: what
+// Folder part of a pattern whose last component may hold wildcards: what
 // FindFirstFile results are joined to.
-std::string spec_folder(const std::string& spec) {
-  size_t i = spec.find_last_of("\\/");
-  if (i == std::string::npos) return spec.size() >= 2 && spec[1] == ':' ? spec.substr(0, 2) : "";
-  return spec.substr(0, i + 1);
+std::string pattern_folder(const std::string& pattern) {
+  size_t i = pattern.find_last_of("\\/");
+  if (i == std::string::npos) return pattern.size() >= 2 && pattern[1] == ':' ? pattern.substr(0, 2) : "";
+  return pattern.substr(0, i + 1);
 }
 
 std::string strip_trailing_seps(const std::string& path) {
@@ -143,10 +143,10 @@ DWORD list(const std::string& pattern, F&& f) {
   return ERROR_SUCCESS;
 }
 
-// The matches of a spec, kept apart by kind. A failed listing counts as no match.
-std::vector<WIN32_FIND_DATAA> matches(const std::string& spec, bool folders) {
+// The matches of a pattern, kept apart by kind. A failed listing counts as no match.
+std::vector<WIN32_FIND_DATAA> matches(const std::string& pattern, bool folders) {
   std::vector<WIN32_FIND_DATAA> out;
-  list(spec, [&](const WIN32_FIND_DATAA& fd) {
+  list(pattern, [&](const WIN32_FIND_DATAA& fd) {
     if (((fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folders) out.push_back(fd);
   });
   return out;
@@ -237,7 +237,7 @@ int plan_transfer(std::string source, const std::string& destination, bool folde
     source = strip_trailing_seps(source);
     if (split(source).name.empty()) return rt_path_not_found;
   }
-  t.folder = spec_folder(source);
+  t.folder = pattern_folder(source);
   t.found = matches(source, folders);
   if (t.found.empty()) return folders ? rt_path_not_found : rt_file_not_found;
   const bool into = (!destination.empty() && is_sep(destination.back())) ||
@@ -414,20 +414,20 @@ int FileSystemObject::GetFile(const std::string& path, File& out) const {
 
 namespace {
 // "C", "C:", "C:\" -> the letter; anything else -> 0.
-char drive_letter_of(const std::string& spec) {
-  if (spec.empty() || spec.size() > 3) return 0;
-  char c = spec[0];
+char drive_letter_of(const std::string& drive) {
+  if (drive.empty() || drive.size() > 3) return 0;
+  char c = drive[0];
   if (!((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))) return 0;
-  if (spec.size() >= 2 && spec[1] != ':') return 0;
-  if (spec.size() == 3 && !is_sep(spec[2])) return 0;
+  if (drive.size() >= 2 && drive[1] != ':') return 0;
+  if (drive.size() == 3 && !is_sep(drive[2])) return 0;
   return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
 bool letter_present(char letter) { return (GetLogicalDrives() >> (letter - 'A')) & 1u; }
 }  // namespace
 
-int FileSystemObject::GetDrive(const std::string& spec, Drive& out) const {
-  char letter = drive_letter_of(spec);
+int FileSystemObject::GetDrive(const std::string& drive, Drive& out) const {
+  char letter = drive_letter_of(drive);
   if (!letter) return rt_invalid_call;
   if (!letter_present(letter)) return rt_device_unavailable;
   out = Drive(letter);
@@ -454,11 +454,11 @@ bool FileSystemObject::FolderExists(const std::string& path) const {
   return a != INVALID_FILE_ATTRIBUTES && (a & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-bool FileSystemObject::DriveExists(const std::string& spec) const {
-  if (char letter = drive_letter_of(spec)) return letter_present(letter);
-  if (spec.size() > 2 && is_sep(spec[0]) && is_sep(spec[1])) {
+bool FileSystemObject::DriveExists(const std::string& drive) const {
+  if (char letter = drive_letter_of(drive)) return letter_present(letter);
+  if (drive.size() > 2 && is_sep(drive[0]) && is_sep(drive[1])) {
     QuietErrors quiet;
-    std::string root = GetDriveName(spec) + '\\';
+    std::string root = GetDriveName(drive) + '\\';
     return GetFileAttributesA(root.c_str()) != INVALID_FILE_ATTRIBUTES;
   }
   return false;
@@ -466,9 +466,9 @@ bool FileSystemObject::DriveExists(const std::string& spec) const {
 
 // --- FileSystemObject: changes
 
-int FileSystemObject::DeleteFile(const std::string& spec, bool force) const {
-  std::string folder = spec_folder(spec);
-  auto found = matches(spec, false);
+int FileSystemObject::DeleteFile(const std::string& pattern, bool force) const {
+  std::string folder = pattern_folder(pattern);
+  auto found = matches(pattern, false);
   if (found.empty()) return rt_file_not_found;
   for (const auto& fd : found) {
     int r = delete_one_file(folder + fd.cFileName, fd.dwFileAttributes, force);
@@ -477,11 +477,11 @@ int FileSystemObject::DeleteFile(const std::string& spec, bool force) const {
   return rt_ok;
 }
 
-int FileSystemObject::DeleteFolder(const std::string& spec, bool force) const {
+int FileSystemObject::DeleteFolder(const std::string& pattern, bool force) const {
   // A trailing backslash names the folder itself; a bare root is never a match.
-  std::string s = strip_trailing_seps(spec);
+  std::string s = strip_trailing_seps(pattern);
   if (split(s).name.empty()) return rt_path_not_found;
-  std::string folder = spec_folder(s);
+  std::string folder = pattern_folder(s);
   auto found = matches(s, true);
   if (found.empty()) return rt_path_not_found;
   for (const auto& fd : found) {

@@ -85,22 +85,22 @@ public:
   // --- objects
   int GetFolder(const std::string& path, Folder& out) const;  // 76 when missing
   int GetFile(const std::string& path, File& out) const;      // 53 when missing
-  int GetDrive(const std::string& spec, Drive& out) const;    // 68 when missing
+  int GetDrive(const std::string& drive, Drive& out) const;    // 68 when missing
   std::vector<Drive> Drives() const;                          // A: to Z: present
 
   // --- tests
   bool FileExists(const std::string& path) const;
   bool FolderExists(const std::string& path) const;
-  bool DriveExists(const std::string& spec) const;
+  bool DriveExists(const std::string& drive) const;
 
   // --- changes; wildcards (* ?) allowed in the last component of a source.
   // Matching is FindFirstFile's, short names included: "*.htm" also takes
   // "page.html" (Wine always matches that way; Windows where 8.3 names exist).
   // 53 when nothing matches; 70 on a read-only file unless force.
-  int DeleteFile(const std::string& spec, bool force = false) const;
+  int DeleteFile(const std::string& pattern, bool force = false) const;
   // Whole trees. 76 when nothing matches; 70 on a read-only file inside
   // unless force (what came before it is gone by then).
-  int DeleteFolder(const std::string& spec, bool force = false) const;
+  int DeleteFolder(const std::string& pattern, bool force = false) const;
   // A destination ending in "\" means "into that folder". 58 when the target
   // exists and overwrite is false.
   int CopyFile(const std::string& source, const std::string& destination,
