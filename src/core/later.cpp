@@ -38,7 +38,6 @@ void Mainu::del_tasks() {}
 void Mainu::del_split() {}
 void Mainu::del_disk_explorer() {}
 void Mainu::del_floppy() {}
-void Mainu::del_shred() {}
 
 void Mainu::killem(uint32_t, const std::string&) {}
 void Mainu::lupa_Click() {}

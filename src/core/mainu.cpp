@@ -1,8 +1,10 @@
 #include "core/mainu.h"
 
+#include "core/hover.h"
 #include "core/later.h"
 #include "core/paths.h"
 #include "core/routines.h"
+#include "core/skin_layout.h"
 #include "core/text.h"
 
 namespace wh {
@@ -12,35 +14,47 @@ namespace {
 // tearing windows down after the runtime's own statics are gone crashes.
 Mainu* instance = nullptr;
 
-const Place button_place(int index) { return Place{8 + index * 68, 8, 64, 48}; }
+Place at(const skin::Rect& r) { return Place{r.left, r.top, r.width, r.height}; }
 // The working area below the section buttons: every section's page.
-const Place page_place{80, 64, 620, 330};
+const Place page_place = at(skin::content);
 // Where the small extras of a section sit, beside the action buttons.
-const Place extra_place(int index) { return Place{420 + index * 56, 400, 52, 24}; }
+Place extra_place(int index) { return at(skin::extras[index]); }
+
+// The panel has its size from its properties, as a designer leaves them.
+kaLCDDisplay& make_lcd(Form& form) {
+  LcdPropertyBag bag;
+  bag.WriteProperty("TotalCols", "20");
+  bag.WriteProperty("TotalRows", "5");
+  return *kaLCDDisplay::Create(form.hwnd(), skin::lcd.left, skin::lcd.top, 0, &bag);
+}
 }  // namespace
 
 Mainu::Mainu()
-    : Form({.class_name = "Wellharrower", .caption = "Wellharrower", .width = 720, .height = 480}),
+    : Form({.class_name = "Wellharrower", .caption = "Wellharrower",
+            .width = skin::window_width, .height = skin::window_height, .popup = true,
+            .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
       highlight(add<Label>("highlight", Place{0, 0, 68, 52})),
-      uninstall(add<ImageButton>("uninstall", button_place(0))),
-      task(add<ImageButton>("task", button_place(1))),
-      splity(add<ImageButton>("splity", button_place(2))),
-      dirinfo(add<ImageButton>("dirinfo", button_place(3))),
-      kila(add<ImageButton>("kila", button_place(4))),
-      shred(add<ImageButton>("shred", button_place(5))),
-      junk(add<ImageButton>("junk", button_place(6))),
-      RUN(add<ImageButton>("RUN", button_place(7))),
-      dupy(add<ImageButton>("dupy", button_place(8))),
-      talpa(add<ImageButton>("talpa", button_place(9))),
-      Image11(add<ImageButton>("Image11", Place{8, 64, 64, 48})),
-      del(add<ImageButton>("del", Place{8, 400, 56, 24})),
-      delall(add<ImageButton>("delall", Place{72, 400, 56, 24})),
-      ref(add<ImageButton>("ref", Place{136, 400, 56, 24})),
-      picProgress(add<PictureBox>("picProgress", Place{200, 400, 360, 20})),
-      mark(add<Frame>("mark", Place{200, 200, 380, 90})),
-      Label39(add<Label>("Label39", Place{10, 24, 360, 16, &mark})),
-      Picture13(add<PictureBox>("Picture13", Place{10, 50, 360, 20, &mark})),
-      Picture16(add<PictureBox>("Picture16", Place{200, 300, 190, 20})),
+      Image1(add<ImageButton>("Image1", at(skin::Image1))),
+      Image10(add<ImageButton>("Image10", at(skin::Image10))),
+      uninstall(add<ImageButton>("uninstall", at(skin::uninstall))),
+      task(add<ImageButton>("task", at(skin::task))),
+      splity(add<ImageButton>("splity", at(skin::splity))),
+      dirinfo(add<ImageButton>("dirinfo", at(skin::dirinfo))),
+      kila(add<ImageButton>("kila", at(skin::kila))),
+      shred(add<ImageButton>("shred", at(skin::shred))),
+      junk(add<ImageButton>("junk", at(skin::junk))),
+      RUN(add<ImageButton>("RUN", at(skin::RUN))),
+      dupy(add<ImageButton>("dupy", at(skin::dupy))),
+      talpa(add<ImageButton>("talpa", extra_place(4))),
+      Image11(add<ImageButton>("Image11", at(skin::Image11))),
+      del(add<ImageButton>("del", at(skin::del))),
+      delall(add<ImageButton>("delall", at(skin::delall))),
+      ref(add<ImageButton>("ref", at(skin::ref))),
+      picProgress(add<PictureBox>("picProgress", at(skin::progress))),
+      mark(add<Frame>("mark", at(skin::wait_panel), "Please wait...")),
+      Label39(add<Label>("Label39", Place{12, 26, 356, 18, &mark})),
+      Picture13(add<PictureBox>("Picture13", Place{12, 54, 356, 22, &mark})),
+      Picture16(add<PictureBox>("Picture16", at(skin::progress_small))),
       Image22(add<ImageButton>("Image22", Place{0, 0, 16, 16})),
       Image23(add<ImageButton>("Image23", Place{0, 0, 16, 16})),
       List1(add<ListBox>("List1", page_place, ListBox::Options{.multi_select = multi_extended})),
@@ -48,9 +62,9 @@ Mainu::Mainu()
       QM(add<ImageButton>("QM", extra_place(1))),
       lupe(add<ImageButton>("lupe", extra_place(2))),
       delfolder(add<ImageButton>("delfolder", extra_place(3))),
-      search(add<Frame>("search", Place{480, 340, 200, 44})),
+      search(add<Frame>("search", at(skin::strip_panel))),
       List2(add<ListBox>("List2", page_place, ListBox::Options{.multi_select = multi_extended})),
-      frame1(add<Frame>("frame1", Place{80, 340, 320, 50})),
+      frame1(add<Frame>("frame1", at(skin::strip_panel))),
       frogsus(add<ImageButton>("frogsus", extra_place(0))),
       splitbox(add<Frame>("splitbox", page_place)),
       Option1(add<OptionButton>("Option1", Place{8, 16, 120, 20, &splitbox})),
@@ -67,16 +81,21 @@ Mainu::Mainu()
       Dir2(add<DirListBox>("Dir2", Place{8, 16, 240, 300, &Frame6})),
       File2(add<FileListBox>("File2", Place{256, 16, 240, 300, &Frame6})),
       Frame8(add<Frame>("Frame8", page_place)),
-      Option5(add<OptionButton>("Option5", Place{8, 16, 120, 20, &Frame8})),
-      Drive4(add<DriveListBox>("Drive4", Place{136, 16, 200, 20, &Frame8})),
-      Dir3(add<DirListBox>("Dir3", Place{8, 44, 240, 270, &Frame8})),
-      File3(add<FileListBox>("File3", Place{256, 44, 240, 270, &Frame8})),
+      Frame9(add<Frame>("Frame9", Place{488, 12, 124, 104, &Frame8}, "Overwrite times")),
+      Option5(add<OptionButton>("Option5", Place{10, 22, 106, 20, &Frame9}, "3 Normal")),
+      Option6(add<OptionButton>("Option6", Place{10, 48, 106, 20, &Frame9}, "5 Advanced")),
+      Option7(add<OptionButton>("Option7", Place{10, 74, 106, 20, &Frame9}, "7 Paranoia")),
+      Drive4(add<DriveListBox>("Drive4", Place{10, 16, 226, 22, &Frame8})),
+      Dir3(add<DirListBox>("Dir3", Place{10, 44, 226, 240, &Frame8})),
+      File3(add<FileListBox>("File3", Place{244, 16, 234, 268, &Frame8})),
+      Label22(add<Label>("Label22", Place{10, 292, 600, 30, &Frame8})),
       junk_form(add<Frame>("junk_form", page_place)),
       ocupied(add<Label>("ocupied", Place{420, 16, 190, 20, &junk_form})),
       pluginlist(add<ListBox>("pluginlist", Place{420, 44, 190, 200, &junk_form},
                               ListBox::Options{.multi_select = multi_simple})),
       showplugins(add<ImageButton>("showplugins", extra_place(2))),
       Frame15(add<Frame>("Frame15", page_place)),
+      Picture9(add<PictureBox>("Picture9", Place{8, 16, 176, 40, &Frame15})),
       Picture7(add<PictureBox>("Picture7", Place{8, 16, 600, 40, &Frame15})),
       junk_files(add<ListBox>("junk_files", Place{8, 60, 600, 260, &Frame15})),
       RUNframe(add<Frame>("RUNframe", page_place)),
@@ -85,7 +104,7 @@ Mainu::Mainu()
       umb_up(add<ImageButton>("umb_up", extra_place(3))),
       finddups(add<Frame>("finddups", page_place)),
       Picture17(add<PictureBox>("Picture17", Place{8, 16, 600, 300, &finddups})),
-      quicktip(add<Frame>("quicktip", Place{200, 120, 320, 170}, "    QUICK TIP")),
+      quicktip(add<Frame>("quicktip", at(skin::tip_panel), "    QUICK TIP")),
       quicktiptext(add<Label>("quicktiptext", Place{8, 20, 304, 110, &quicktip})),
       OKU(add<Label>("OKU", Place{272, 140, 40, 20, &quicktip}, "OK")),
       Command1(add<Label>("Command1", Place{8, 140, 80, 20, &quicktip}, "show me")),
@@ -96,7 +115,9 @@ Mainu::Mainu()
       timerul(add_timer("timerul", 4000, false)),
       closing(add_timer("closing", 900, false)),
       Autoshutdown(add_timer("Autoshutdown", 30000, false)),
-      options(*this) {
+      lcd(make_lcd(*this)),
+      options(*this),
+      wellshred(*this) {
   highlight.Visible(false);
   mark.Visible(false);
   Image22.Visible(false);
@@ -132,6 +153,34 @@ Mainu::Mainu()
   OKU.Click = [this] { quicktip.Visible(false); };
   Command1.Click = [this] { Command1_Click(); };
   Timer3.Tick = [this] { Timer3_Timer(); };
+
+  // No caption, yet the taskbar can minimise and restore it: that takes a
+  // system menu and a minimise box in the style.
+  ::SetWindowLongA(hwnd(), GWL_STYLE,
+                   ::GetWindowLongA(hwnd(), GWL_STYLE) | WS_SYSMENU | WS_MINIMIZEBOX);
+  MouseDown = [this](int b, int s, int x, int y) { Form_MouseDown(b, s, x, y); };
+  MouseMove = [this](int b, int s, int x, int y) { Form_MouseMove(b, s, x, y); };
+  MouseUp = [this](int b, int s, int x, int y) { Form_MouseUp(b, s, x, y); };
+  Image1.Click = [this] { Image1_Click(); };
+  Image10.MouseUp = [this](int b, int s, int x, int y) { Image10_MouseUp(b, s, x, y); };
+  wire_hover(*this);
+  // The pictures as designed; the start and the sections change them.
+  for (auto [button, name] : std::initializer_list<std::pair<ImageButton*, const char*>>{
+           {&uninstall, "DEZ_JOS"}, {&task, "TASK_JOS"}, {&splity, "SPLITJOS"},
+           {&dirinfo, "DIRINFO_JOS"}, {&kila, "KILLA_JOS"}, {&shred, "SHRED_JOS"},
+           {&junk, "JUNK_JOS"}, {&RUN, "RUN_JOS"}, {&dupy, "DUP_JOS"},
+           {&talpa, "PICIOR_JOS"}, {&del, "DELETE_JOS"}, {&delall, "DELETEALL_JOS"},
+           {&ref, "REFRESH_JOS"}})
+    button->LoadPicture(name);
+  // Over the small progress bar of section 10 where they show.
+  frame1.ZOrder(0);
+  search.ZOrder(0);
+  // The progress boxes sit on the dark skin.
+  for (PictureBox* p : {&picProgress, &Picture16}) {
+    p->BackColor(skin::well_color);
+    p->ForeColor(skin::text_color);
+    p->Cls();
+  }
   QueryUnload = [](int&, int mode) {
     if (mode == unload_windows) end_program();  // the session ends: no clean-up
     tray_remove();

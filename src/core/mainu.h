@@ -7,6 +7,8 @@
 #include <string>
 
 #include "core/options_page.h"
+#include "display/lcd_display.h"
+#include "filetools/shred_page.h"
 #include "ui/ui.h"
 
 namespace wh {
@@ -48,6 +50,15 @@ public:
   void spProg(int16_t percent);
   void spProg2(int16_t percent);
   void spProg3(int16_t percent);
+
+  // --- the window (window.cpp): dragged by its bare surface
+  void Form_MouseDown(int button, int shift, int x, int y);
+  void Form_MouseMove(int button, int shift, int x, int y);
+  void Form_MouseUp(int button, int shift, int x, int y);
+  void Image1_Click();                                         // close
+  void Image10_MouseUp(int button, int shift, int x, int y);  // minimise, or to the tray
+  void famare();  // the trace panel over the whole working area
+  void famic();   // the trace panel beside the categories
 
   // --- sections (sections.cpp): one entry handler each
   void uninstall_Click();  // 1
@@ -94,8 +105,10 @@ public:
   bool scan_plugins();        // true when a plug-in was found
   void monitor_start();       // the system monitor's first run
 
-  // --- controls (their final place and look come with the skin)
+  // --- controls, placed on the skin by core/skin_layout.h
   Label& highlight;  // the hover shape behind a lit button
+  ImageButton& Image1;   // close, drawn on the skin
+  ImageButton& Image10;  // minimise, drawn on the skin
   ImageButton& uninstall;
   ImageButton& task;
   ImageButton& splity;
@@ -147,10 +160,14 @@ public:
   FileListBox& File2;
   // Section 6
   Frame& Frame8;
+  Frame& Frame9;  // the passes
   OptionButton& Option5;
+  OptionButton& Option6;
+  OptionButton& Option7;
   DriveListBox& Drive4;
   DirListBox& Dir3;
   FileListBox& File3;
+  Label& Label22;  // the target, followed by one blank
   // Section 8
   Frame& junk_form;
   CheckBox* check[19] = {};  // the categories, 1 to 18
@@ -158,6 +175,7 @@ public:
   ListBox& pluginlist;
   ImageButton& showplugins;
   Frame& Frame15;  // the trace viewer
+  PictureBox& Picture9;
   PictureBox& Picture7;
   ListBox& junk_files;
   // Section 9
@@ -181,8 +199,13 @@ public:
   Timer& closing;
   Timer& Autoshutdown;
 
+  // The LCD panel: 20 columns, 5 rows.
+  kaLCDDisplay& lcd;
+
   // Section 7; declared after the timers its handlers use.
   OptionsPage options;
+  // Section 6; its controls are the ones above.
+  ShredPage wellshred;
 
 private:
   void start_with_paths(const std::string& tail);
@@ -199,6 +222,7 @@ private:
 
   uint8_t load_count_ = 0;     // calls of load_settings
   bool tip_shown_[11] = {};    // the once-per-run tip of a section
+  int drag_x_ = 0, drag_y_ = 0;  // where the surface was pressed
 };
 
 // Harrow All in section 2 leaves a process row alone when, in upper case,

@@ -7,6 +7,7 @@
 #include "core/mainu.h"
 #include "core/routines.h"
 #include "core/settings.h"
+#include "core/skin_layout.h"
 #include "core/text.h"
 #include "platform/files.h"
 #include "platform/memory.h"
@@ -31,7 +32,8 @@ void digits_only(int& ascii) {
 }
 
 OptionsPage::OptionsPage(Mainu& form)
-    : optiuni(form.add<Frame>("optiuni", Place{80, 64, 620, 330})),
+    : optiuni(form.add<Frame>("optiuni", Place{skin::content.left, skin::content.top,
+                                               skin::content.width, skin::content.height})),
       Check1(form.add<CheckBox>("Check1", Place{8, 16, 150, 20, &optiuni}, "Auto refresh")),
       Text1(form.add<TextBox>("Text1", Place{160, 16, 40, 20, &optiuni})),
       Check2(form.add<CheckBox>("Check2", Place{8, 44, 250, 20, &optiuni},

@@ -9,10 +9,12 @@
 #include "core/cmdline.h"
 #include "core/globals.h"
 #include "core/later.h"
+#include "core/loading.h"
 #include "core/mainu.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
 #include "core/settings.h"
+#include "core/skin.h"
 #include "core/text.h"
 #include "filetools/shredder.h"
 #include "platform/files.h"
@@ -23,8 +25,6 @@
 namespace wh {
 
 namespace {
-constexpr int twips = 15;  // per pixel at 96 dpi; positions are stored in twips
-
 PathKind path_kind(const std::string& p) {
   if (file_system().FileExists(p)) return PathKind::file;
   if (file_system().FolderExists(p)) return PathKind::folder;
@@ -68,6 +68,8 @@ bool Mainu::analyze(std::string& text) {
 }
 
 void Mainu::ordinary_start() {
+  lcd.Mode(0);
+  lcd.WriteSpeed(0);
   for (ImageButton* b : {&RUN, &Image11, &uninstall, &junk, &task, &splity, &dirinfo, &kila, &shred})
     b->Enabled(true);
   lighton = "MAINU";
@@ -97,7 +99,8 @@ void Mainu::ordinary_start() {
 }
 
 void Mainu::apply_skin() {
-  // The shaped window comes with the skin.
+  clsSkinForm skin;
+  skin.FormShape(*this, 101, 101);
 }
 
 // Each step in its place: a stored "true" ticks a box that was clear, and
@@ -112,15 +115,13 @@ void Mainu::load_settings() {
   if (val(setting("runed")) == 0) {
     displaytips = true;
     first_run_done = false;
-    // The first-run window (language and start section) comes with the
-    // window work; until then the first run goes straight on.
-    first_run_done = true;
+    show_loading();
     wait_until([] { return first_run_done; });
   }
   // 0 is taken as unset, each coordinate alone.
   const double left = val(setting("left")), top = val(setting("top"));
-  Left(static_cast<int>((left != 0 ? left : 4410) / twips));
-  Top(static_cast<int>((top != 0 ? top : 2820) / twips));
+  Left(static_cast<int>((left != 0 ? left : 4410) / twips_per_pixel_x()));
+  Top(static_cast<int>((top != 0 ? top : 2820) / twips_per_pixel_y()));
   options.Text3.Text(number_text(val(setting("ramamount"))));
   options.Text4.Text(number_text(val(setting("ramtime"))));
 

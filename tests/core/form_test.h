@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/globals.h"
+#include "core/loading.h"
 #include "core/mainu.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
@@ -49,6 +50,8 @@ inline bool shows(const ImageButton& b, const char* resource) {
 
 class StoreTest : public ::testing::Test {
 protected:
+  // A first run (the store is empty) takes the first-run window's English.
+  LoadingAnswer first_run{[](Loading& w) { w.Command1_Click(); }};
   void SetUp() override {
     wipe();
     mainu_clear();

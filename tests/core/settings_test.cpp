@@ -15,15 +15,16 @@ class LoadSettings : public wh::test::StoreTest {};
 class OptionsPageTest : public wh::test::StoreTest {};
 }  // namespace
 
-TEST_F(LoadSettings, FreshUserTakesTheFirstRunRoadAndStartsWithNoSection) {
+TEST_F(LoadSettings, FreshUserTakesTheFirstRunRoadIntoTheFirstSection) {
   Mainu& m = start_form();
   EXPECT_TRUE(m.displaytips);
   EXPECT_EQ("1", setting("runed"));
   EXPECT_EQ("1", setting("readed 0.95"));
   EXPECT_TRUE(m.options.Option10.Value());  // English, written by its handler
   EXPECT_EQ("engleza", setting("Limba"));
-  // No "mod": uninstall stays lit from the start, yet no section is active.
-  EXPECT_EQ(0, ActiveSection);
+  // The first-run window's English brought "mod" along: the first section.
+  EXPECT_EQ("Uninstall programs", setting("mod"));
+  EXPECT_EQ(1, ActiveSection);
   EXPECT_TRUE(wh::test::shows(m.uninstall, "DEZ_SUS"));
   EXPECT_TRUE(m.Visible());
   EXPECT_EQ(2820 / 15, m.Top());
