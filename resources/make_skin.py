@@ -462,7 +462,7 @@ def small_windows(tmp):
     to_bmp(tmp / "choose_wait.png", SKIN / "choose_wait.bmp")
 
     # Loading: a title strip for its caption, a banner, and the two flags.
-    run("-size", f"{LOADING_W}x{LOADING_H}", f"xc:{bg}", "-size", f"{LOADING_W}x92",
+    run("-size", f"{LOADING_W}x{LOADING_H}", f"xc:{bg}", "-size", f"{LOADING_W}x60",
         f"gradient:{hexrgb(BODY_TOP)}-{bg}", "-geometry", "+0+28", "-composite", tmp / "lb.png")
     banner = (f"stroke none fill '{WELL}' rectangle 0,0 {LOADING_W - 1},27\n"
               f"stroke '{hexrgb(EDGE_LIGHT)}' fill none rectangle .5,.5 {LOADING_W - 1.5},"
@@ -502,12 +502,12 @@ def small_windows(tmp):
     for i, (icon, label, out) in enumerate((("WEB", "Web page", "poweroff_web"),
                                             ("MAIL", "E-mail", "poweroff_mail"),
                                             ("POST", "Post", "poweroff_post"))):
-        x = 24 + i * 108
+        x = 16 + i * 112
         part = tmp / f"{out}_base.png"
-        run(tmp / "poweroff_back.png", "-crop", f"96x34+{x}+132", "+repage", part)
-        draw(part, tile_mvg((0, 0, 96, 34), False, 7) +
-             place_icon(icon, 8, 8, .75, TILE_INK, TILE_BOTTOM) +
-             text_mvg(32, 9, label, 11, TILE_INK), tmp / f"{out}.png", tmp)
+        run(tmp / "poweroff_back.png", "-crop", f"104x34+{x}+132", "+repage", part)
+        draw(part, tile_mvg((0, 0, 104, 34), False, 7) +
+             place_icon(icon, 10, 8, .75, TILE_INK, TILE_BOTTOM) +
+             text_mvg(34, 9, label, 11, TILE_INK), tmp / f"{out}.png", tmp)
         to_bmp(tmp / f"{out}.png", SKIN / f"{out}.bmp")
 
     # The icon: the harrow on a rounded tile, at the sizes the shell asks for.

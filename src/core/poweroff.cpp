@@ -31,9 +31,9 @@ Poweroff::Poweroff()
                         "is free but you can show the author your appreciation by clicking one "
                         "of the buttons below.",
                         Label::Options{.transparent = true})),
-      md(add<ImageButton>("md", Place{24, 132, 96, 34})),
-      sm(add<ImageButton>("sm", Place{132, 132, 96, 34})),
-      sp(add<ImageButton>("sp", Place{240, 132, 96, 34})) {
+      md(add<ImageButton>("md", Place{16, 132, 104, 34})),
+      sm(add<ImageButton>("sm", Place{128, 132, 104, 34})),
+      sp(add<ImageButton>("sp", Place{240, 132, 104, 34})) {
   picture(LoadPicture("POWEROFF_BACK"));
   Label3.ForeColor(skin::text_color);
   md.LoadPicture("POWEROFF_WEB");
@@ -42,6 +42,8 @@ Poweroff::Poweroff()
   md.Click = [this] { md_Click(); };
   sm.Click = [this] { sm_Click(); };
   sp.Click = [this] { sp_Click(); };
+  const int w = Width(), h = Height();
+  Move((::GetSystemMetrics(SM_CXSCREEN) - w) / 2, (::GetSystemMetrics(SM_CYSCREEN) - h) / 2, w, h);
   // A shutdown shows this window with its picture alone; these come out at
   // the 45th start only.
   for (Control* c : std::initializer_list<Control*>{&Label3, &md, &sm, &sp}) c->Visible(false);
