@@ -175,6 +175,9 @@ Mainu::Mainu()
   // Over the small progress bar of section 10 where they show.
   frame1.ZOrder(0);
   search.ZOrder(0);
+  // Over every page: the tip panel and the shred section's wait panel.
+  mark.ZOrder(0);
+  quicktip.ZOrder(0);
   // The progress boxes sit on the dark skin.
   for (PictureBox* p : {&picProgress, &Picture16}) {
     p->BackColor(skin::well_color);

@@ -133,6 +133,12 @@ TEST_F(WindowTest, TheHarrowTipComesWithTheFirstHoverOnly) {
   EXPECT_TRUE(m->OKU.Visible());
   EXPECT_EQ(0u, m->quicktiptext.Caption().find("Presing the DELETE key"));
   EXPECT_EQ("1", setting("HARROWtip"));
+  // On top of whatever page shows.
+  m->shred_Click();
+  RECT r;
+  GetWindowRect(m->quicktip.hwnd(), &r);
+  const HWND under = WindowFromPoint(POINT{(r.left + r.right) / 2, (r.top + r.bottom) / 2});
+  EXPECT_TRUE(under == m->quicktip.hwnd() || IsChild(m->quicktip.hwnd(), under));
   m->quicktip.Visible(false);
   move_on_surface(*m, 150, 40);
   move_over(m->del);
