@@ -10,14 +10,11 @@
 
 #include "core/form_test.h"
 #include "core/globals.h"
-#include "core/hover.h"
 #include "core/poweroff.h"
 #include "core/settings.h"
-#include "core/skin.h"
 #include "core/skin_layout.h"
 #include "platform/files.h"
 #include "ui/ui.h"
-#include "ui/ui_test.h"
 
 using namespace wh;
 using wh::test::shows;
@@ -145,15 +142,6 @@ TEST_F(WindowTest, TheHarrowTipComesWithTheFirstHoverOnly) {
   EXPECT_FALSE(m->quicktip.Visible());
 }
 
-TEST_F(WindowTest, HarrowAllTellsWhatItDoesInItsSection) {
-  EXPECT_EQ((std::vector<std::string>{"Harrow all junk and", "   traces"}),
-            hover_lines("delall", 1, 8));
-  EXPECT_EQ((std::vector<std::string>{"Close all", "   programs"}), hover_lines("delall", 1, 2));
-  EXPECT_NE(hover_lines("del", 1, 1), hover_lines("del", 1, 8));
-  EXPECT_EQ("STARTUPMANAGER", hover_key("RUN"));
-  EXPECT_EQ("", hover_key("List1"));
-}
-
 TEST_F(WindowTest, DraggingTheSurfaceMovesTheWindowAndStoresItsPlaceInTwips) {
   m->Move(300, 200, m->Width(), m->Height());
   SendMessageA(m->hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(150, 40));
@@ -224,13 +212,6 @@ TEST_F(WindowTest, TheAppreciationWindowsPostButtonShowsTheAddressAndCloses) {
   EXPECT_FALSE(poweroff_loaded());
   ASSERT_EQ(1u, boxes.count());
   EXPECT_EQ("My adress", boxes.last().title);
-}
-
-TEST(SkinForm, AMissingResourceIsAnError) {
-  Form f(test::test_form_options());
-  clsSkinForm skin;
-  EXPECT_THROW(skin.FormShape(f, 101, 999), RuntimeError);
-  EXPECT_THROW(skin.FormShape(f, 999, 101), RuntimeError);
 }
 
 }  // namespace
