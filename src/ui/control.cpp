@@ -213,6 +213,20 @@ void Control::BackColor(COLORREF c) {
 
 void Control::OLEDropMode(bool accept) { ::DragAcceptFiles(hwnd_, accept); }
 
+bool Control::key_press(const KeyPressEvent& handler, WPARAM wp, LPARAM lp, LRESULT& result) {
+  int ascii = static_cast<int>(wp);
+  fire(handler, ascii);
+  if (ascii == 0 || !::IsWindow(hwnd())) {
+    result = 0;
+    return true;
+  }
+  if (ascii != static_cast<int>(wp)) {
+    result = ::DefSubclassProc(hwnd(), WM_CHAR, static_cast<WPARAM>(ascii), lp);
+    return true;
+  }
+  return false;
+}
+
 std::string Control::window_text() const {
   int n = ::GetWindowTextLengthA(hwnd_);
   std::string s(n + 1, '\0');

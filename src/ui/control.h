@@ -95,6 +95,10 @@ protected:
   Control(Form& form, std::string name, const Place& place, const char* window_class,
           DWORD style, DWORD ex_style = 0, const std::string& text = {});
 
+  // WM_CHAR through a KeyPress handler, which may change the key or swallow
+  // it with 0. True when the message was dealt with here.
+  bool key_press(const KeyPressEvent& handler, WPARAM wp, LPARAM lp, LRESULT& result);
+
   std::string window_text() const;
   void window_text(const std::string& text);
   HWND parent_hwnd() const { return ::GetParent(hwnd_); }

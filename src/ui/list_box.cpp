@@ -165,19 +165,9 @@ bool ListBox::on_message(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result) {
       }
       break;
     }
-    case WM_CHAR: {
-      int ascii = static_cast<int>(wp);
-      fire(KeyPress, ascii);
-      if (ascii == 0 || !::IsWindow(hwnd())) {
-        result = 0;
-        return true;
-      }
-      if (ascii != static_cast<int>(wp)) {
-        result = ::DefSubclassProc(hwnd(), msg, static_cast<WPARAM>(ascii), lp);
-        return true;
-      }
+    case WM_CHAR:
+      if (key_press(KeyPress, wp, lp, result)) return true;
       break;
-    }
   }
   return Control::on_message(msg, wp, lp, result);
 }

@@ -75,19 +75,8 @@ void TextBox::on_command(int code) {
 
 bool TextBox::on_message(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result) {
   switch (msg) {
-    case WM_CHAR: {
-      int ascii = static_cast<int>(wp);
-      fire(KeyPress, ascii);
-      if (ascii == 0 || !::IsWindow(hwnd())) {
-        result = 0;
-        return true;
-      }
-      if (ascii != static_cast<int>(wp)) {
-        result = ::DefSubclassProc(hwnd(), msg, static_cast<WPARAM>(ascii), lp);
-        return true;
-      }
-      return false;
-    }
+    case WM_CHAR:
+      return key_press(KeyPress, wp, lp, result);
     case WM_KEYDOWN: {
       int key = static_cast<int>(wp);
       fire(KeyDown, key, shift_state());
