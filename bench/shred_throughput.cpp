@@ -12,7 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "core/mainu.h"
 #include "filetools/shredder.h"
 
 namespace {
@@ -38,7 +37,6 @@ int main(int argc, char** argv) {
   int64_t mb = argc > 2 ? std::atoll(argv[2]) : 256;
   const int64_t bytes = mb << 20;
   std::string path = folder + (folder.back() == '\\' ? "" : "\\") + "wh_bench_shred.bin";
-  wh::mainu();  // the progress box the shredder draws on
 
   // The file exists at full length before both runs, so both overwrite.
   if (!plain_write(path, bytes, 'x')) {

@@ -1,7 +1,6 @@
 #include "core/loading.h"
 
 #include "core/globals.h"
-#include "core/later.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
 
@@ -10,12 +9,13 @@ namespace wh {
 namespace {
 Loading* instance = nullptr;  // like the main form, never destroyed at exit
 LoadingAnswer* answering = nullptr;
+std::function<void(int)> switch_language;  // the main form's changelanguage
 
 void store_language(int language) {
   save_setting("Limba", language == 1 ? "engleza" : "romana");
   save_setting("mod", language == 1 ? "Uninstall programs" : "Dezinstalare programe");
   language_flag = static_cast<uint8_t>(language);
-  changelanguage(language);
+  if (switch_language) switch_language(language);
 }
 
 const char* const caption = "  Wellharrower....What do you want to harrow today?";
@@ -63,6 +63,7 @@ Loading::Loading()
   QueryUnload = [this](int&, int) {
     first_run_done = true;
     if (instance == this) instance = nullptr;
+    switch_language = nullptr;  // the form that asked may be gone by the next window
   };
 
   const int w = Width(), h = Height();
@@ -96,7 +97,8 @@ void loading_unload() {
   if (gone) gone->unload();
 }
 
-void show_loading() {
+void show_loading(std::function<void(int)> changelanguage) {
+  switch_language = std::move(changelanguage);
   Loading& w = loading();
   w.Show();
   if (answering) {

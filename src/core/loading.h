@@ -36,8 +36,9 @@ bool loading_loaded();
 void loading_unload();
 
 // Shows the window for the first-run wait; the caller then waits for
-// first_run_done.
-void show_loading();
+// first_run_done. Each language picked is stored and handed to
+// `changelanguage`.
+void show_loading(std::function<void(int)> changelanguage);
 
 // Tests answer the window without a click: while a scope lives, each window
 // that show_loading() puts up is handed to `answer` at once.
@@ -50,7 +51,7 @@ public:
   int shown() const { return shown_; }
 
 private:
-  friend void show_loading();
+  friend void show_loading(std::function<void(int)>);
   std::function<void(Loading&)> answer_;
   LoadingAnswer* previous_;
   int shown_ = 0;

@@ -4,7 +4,6 @@
 
 #include "core/globals.h"
 #include "core/later.h"
-#include "core/mainu.h"
 #include "core/routines.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
@@ -31,7 +30,7 @@ void digits_only(int& ascii) {
   if (ascii != '0' && val(std::string(1, static_cast<char>(ascii))) == 0 && ascii != 8) ascii = 0;
 }
 
-OptionsPage::OptionsPage(Mainu& form)
+OptionsPage::OptionsPage(MainForm& form)
     : optiuni(form.add<Frame>("optiuni", Place{skin::content.left, skin::content.top,
                                                skin::content.width, skin::content.height})),
       Check1(form.add<CheckBox>("Check1", Place{8, 16, 150, 20, &optiuni}, "Auto refresh")),
@@ -80,6 +79,26 @@ OptionsPage::OptionsPage(Mainu& form)
   Option11.Click = [this] { Option11_Click(); };
   Combo1.Click = [this] { Combo1_Click(); };
 }
+
+void OptionsPage::enter() {
+  form_.del.Visible(false);
+  form_.ref.Visible(false);
+  ActiveSection = 7;
+  Combo1.Clear();
+  Combo1.Text(setting("mod"));
+  // "Disk Space Explorer" here, "DirInfo" in the list of changelanguage;
+  // it matches no start section.
+  const char* const english[] = {"Uninstall programs", "JunkHarrower",        "TaskManager",
+                                 "Split Files",        "Disk Space Explorer", "Wellformat",
+                                 "Shred Files",        "StartUp Manager",     "Duplicate Harrower"};
+  const char* const romanian[] = {"Dezinstalare programe", "Curatare hard disk", "TaskManager",
+                                  "Despicare fisiere",     "DirInfo",            "Wellformat",
+                                  "Radere fisiere",        "StartUp",
+                                  "Gasire fisiere duplicat"};
+  for (const char* name : language_flag == 1 ? english : romanian) Combo1.AddItem(name);
+}
+
+void OptionsPage::hide_extras() { optiuni.Visible(false); }
 
 void OptionsPage::Check1_Click() {
   if (Check1.Value() == 1) {
@@ -178,14 +197,14 @@ void OptionsPage::Option10_Click() {
   save_setting("Limba", "engleza");
   language_flag = 1;
   language_flags(1);
-  changelanguage(1);
+  form_.changelanguage(1);
 }
 
 void OptionsPage::Option11_Click() {
   save_setting("Limba", "romana");
   language_flag = 2;
   language_flags(2);
-  changelanguage(2);
+  form_.changelanguage(2);
 }
 
 void OptionsPage::Combo1_Click() {
@@ -194,5 +213,8 @@ void OptionsPage::Combo1_Click() {
   const int row = Combo1.ListIndex();
   save_setting("mod", row >= 0 ? Combo1.List(row) : Combo1.Text());
 }
+
+// The flag pictures come with the language work.
+void OptionsPage::language_flags(int) {}
 
 }  // namespace wh

@@ -2,15 +2,13 @@
 // The Options page (section 7): the switches of the key store and their
 // handlers. Every handler writes its key the moment its control changes;
 // load_settings ticks the controls at start, which runs the same handlers.
-#include "ui/ui.h"
+#include "core/main_form.h"
 
 namespace wh {
 
-class Mainu;
-
 class OptionsPage {
 public:
-  explicit OptionsPage(Mainu& form);
+  explicit OptionsPage(MainForm& form);
 
   Frame& optiuni;  // the page itself
   CheckBox& Check1;
@@ -30,6 +28,11 @@ public:
   Frame& Frame13;
   OptionButton& Option10;
   OptionButton& Option11;
+
+  // The end of Image11_Click, once the section left has undone its extras:
+  // the action buttons go, and Combo1 is filled anew in the language in use.
+  void enter();
+  void hide_extras();
 
   void Check1_Click();
   void Check2_Click();
@@ -52,7 +55,7 @@ private:
   // The flag pictures en and ro; they come with the skin.
   void language_flags(int language);
 
-  Mainu& form_;
+  MainForm& form_;
 };
 
 // The key filter of Text1, Text3 and Text4: digits and Backspace pass,

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "core/globals.h"
-#include "core/mainu.h"
 #include "core/paths.h"
 #include "core/rnd.h"
 #include "core/text.h"
@@ -64,7 +63,8 @@ std::string throwaway_name(const std::function<double()>& random, int seconds) {
   return name;
 }
 
-void shred_file(const std::string& path, uint8_t passes, bool silent) {
+void shred_file(const std::string& path, uint8_t passes, bool silent,
+                const ShredProgress& progress) {
   // Steps run on when one fails: every failure is skipped.
   int32_t length = 0;
   ignore_errors([&] {
@@ -93,7 +93,7 @@ void shred_file(const std::string& path, uint8_t passes, bool silent) {
       f.flush();  // each pass must reach the medium, not only the cache
     }
     f.close();
-    mainu().spProg2(static_cast<int16_t>(round_even(pass * 100.0 / passes)));
+    if (progress.pass) progress.pass(static_cast<int16_t>(round_even(pass * 100.0 / passes)));
     do_events();
   }
 
@@ -103,8 +103,7 @@ void shred_file(const std::string& path, uint8_t passes, bool silent) {
 
   try {
     delete_file_a(renamed);
-    mainu().Clear(mainu().lighton);
-    mainu().Picture13.Cls();
+    if (progress.deleted) progress.deleted();
   } catch (const RuntimeError&) {
     if (!silent) {
       if (language_flag == 1)
@@ -115,15 +114,15 @@ void shred_file(const std::string& path, uint8_t passes, bool silent) {
   }
 }
 
-void shred_folder(const std::string& path, uint8_t passes) {
+void shred_folder(const std::string& path, uint8_t passes, const ShredProgress& progress) {
   Folder folder;
   if (file_system().GetFolder(path, folder) != 0) return;
   for (const File& file : folder.Files()) {
-    mainu().Label39.Caption((language_flag == 1 ? "Shredding " : "Rad ") + file.Name);
+    if (progress.file) progress.file(file.Name);
     do_events();
-    shred_file(file.Path, passes, false);
+    shred_file(file.Path, passes, false, progress);
   }
-  for (const Folder& sub : folder.SubFolders()) shred_folder(sub.Path(), passes);
+  for (const Folder& sub : folder.SubFolders()) shred_folder(sub.Path(), passes, progress);
 }
 
 }  // namespace wh

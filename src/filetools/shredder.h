@@ -23,13 +23,21 @@ std::string throwaway_stem(const std::function<double()>& random, int seconds);
 // "a" + stem + "." + round(random x 1000), e.g. "aK47Q22.815".
 std::string throwaway_name(const std::function<double()>& random, int seconds);
 
+// What a shred tells its caller as it goes; any of them may be empty.
+struct ShredProgress {
+  std::function<void(int16_t percent)> pass;          // after each pass
+  std::function<void()> deleted;                      // the file is gone
+  std::function<void(const std::string& name)> file;  // shred_folder: the next file
+};
+
 // Overwrites `path` with `passes` passes, renames it to a throw-away name and
 // deletes it. Never reports a failure of the overwrite; only a failure of the
 // deletion step shows "Can't delete!", and only when not silent.
-void shred_file(const std::string& path, uint8_t passes, bool silent);
+void shred_file(const std::string& path, uint8_t passes, bool silent,
+                const ShredProgress& progress = {});
 
 // Every file of the tree, files of a folder before its subfolders. Removes
 // no folder.
-void shred_folder(const std::string& path, uint8_t passes);
+void shred_folder(const std::string& path, uint8_t passes, const ShredProgress& progress = {});
 
 }  // namespace wh

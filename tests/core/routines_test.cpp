@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/mainu.h"
 #include "core/routines.h"
 #include "support/scratch.h"
+#include "support/test_form.h"
 #include "ui/ui.h"
 
 using namespace wh;
@@ -92,7 +92,7 @@ TEST(Lists, AddWideGrowsTheExtentOnlyForTheWidestLine) {
 }
 
 TEST(Progress, BarsGrowWithThePercentAndShowIt) {
-  Mainu& m = mainu();
+  wh::test::TestForm m;
   m.spProg2(0);
   // Row 1 stays clear of the centred number.
   const COLORREF bar = GetPixel(m.Picture13.hdc(), 1, 1);

@@ -1,21 +1,24 @@
-// The shred section on the main form: what picks a target, the passes, and
-// the action on a file, a folder, a drive root and a target that went away.
+// The shred section's page on a small test form: what picks a target, the
+// passes, and the action on a file, a folder, a drive root and a target that
+// went away.
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "core/form_test.h"
 #include "core/globals.h"
 #include "core/settings.h"
+#include "filetools/shred_page.h"
+#include "platform/registry.h"
 #include "support/scratch.h"
+#include "support/test_form.h"
 #include "ui/ui.h"
 
 using namespace wh;
 using wh::test::path_exists;
 using wh::test::ScratchDir;
-using wh::test::StoreTest;
+using wh::test::TestForm;
 
 namespace {
 
@@ -31,7 +34,7 @@ int entries(const std::string& folder) {
   return n;
 }
 
-std::string panel_line(const Mainu& m, int row) {
+std::string panel_line(const MainForm& m, int row) {
   std::string s = m.lcd.Line(row);
   while (!s.empty() && s.back() == ' ') s.pop_back();
   return s;
@@ -39,32 +42,39 @@ std::string panel_line(const Mainu& m, int row) {
 
 void key(const Control& c, int vk) { c.send(WM_KEYDOWN, vk, 0); }
 
-class ShredSection : public StoreTest {
+class ShredSection : public ::testing::Test {
 protected:
   void SetUp() override {
-    StoreTest::SetUp();
-    save_setting("runed", "3");
+    wipe();
     save_setting("shredtip", "1");
-    m = &start_form();
     language_flag = 1;
-    m->shred_Click();
+    ActiveSection = 0;
+    form.handlers["shred_Click"] = [this] { page.enter(); };
+    form.handlers["ref_Click"] = [this] { page.ref_block(); };
+    form.handlers["hide_section_extras"] = [this] { page.hide_extras(); };
+    page.enter();
   }
-  void target(const std::string& path) { m->Label22.Caption(path + " "); }
-  Mainu* m = nullptr;
+  void TearDown() override { wipe(); }
+  static void wipe() { reg_delete_tree(HKEY_CURRENT_USER, "Software\\Wellharrower"); }
+  void target(const std::string& path) { page.Label22.Caption(path + " "); }
+  void leave() { ActiveSection = 7; }
+
+  TestForm form;
+  ShredPage page{form};
 };
 
 TEST_F(ShredSection, EnteringFallsBackToThreePassesAndTheOptionsChooseFiveOrSeven) {
   EXPECT_EQ(6, ActiveSection);
-  EXPECT_TRUE(m->Frame8.Visible());
-  EXPECT_EQ(3, m->wellshred.passes());
-  m->Option6.Value(true);
-  EXPECT_EQ(5, m->wellshred.passes());
-  m->Option7.Value(true);
-  EXPECT_FALSE(m->Option5.Value()) << "one group: the three sit in Frame9";
-  EXPECT_EQ(7, m->wellshred.passes());
-  m->Image11_Click();
-  m->shred_Click();
-  EXPECT_EQ(3, m->wellshred.passes());
+  EXPECT_TRUE(page.Frame8.Visible());
+  EXPECT_EQ(3, page.passes());
+  page.Option6.Value(true);
+  EXPECT_EQ(5, page.passes());
+  page.Option7.Value(true);
+  EXPECT_FALSE(page.Option5.Value()) << "one group: the three sit in Frame9";
+  EXPECT_EQ(7, page.passes());
+  leave();
+  form.shred_Click();
+  EXPECT_EQ(3, page.passes());
 }
 
 TEST_F(ShredSection, AFileIsShreddedWithItsNameOnTheWaitPanelAndThePanel) {
@@ -72,13 +82,13 @@ TEST_F(ShredSection, AFileIsShreddedWithItsNameOnTheWaitPanelAndThePanel) {
   const std::string file = dir.file("letter.doc", std::string(30000, 'l'));
   ScriptedDialogs boxes;
   target(file);
-  m->del_Click();
+  page.del_block();
   EXPECT_FALSE(path_exists(file));
   EXPECT_EQ(0, entries(dir.path()));
-  EXPECT_EQ("Shredding file...", panel_line(*m, 1));
-  EXPECT_FALSE(m->mark.Visible());
-  EXPECT_EQ("", m->Label39.Caption());
-  EXPECT_EQ("", m->Label22.Caption());
+  EXPECT_EQ("Shredding file...", panel_line(form, 1));
+  EXPECT_FALSE(form.mark.Visible());
+  EXPECT_EQ("", form.Label39.Caption());
+  EXPECT_EQ("", page.Label22.Caption());
   EXPECT_EQ(0u, boxes.count());
 }
 
@@ -89,19 +99,28 @@ TEST_F(ShredSection, AFolderTreeLeavesNothingBehind) {
   dir.folder("victim\\inner\\empty");
   dir.file("keep.txt", "stays");
   ScriptedDialogs boxes;
-  m->lcd.Clear();
-  m->lcd.WriteText("before");
+  form.lcd.Clear();
+  form.lcd.WriteText("before");
   target(dir / "victim");
-  m->del_Click();
+  page.del_block();
   EXPECT_FALSE(path_exists(dir / "victim"));
   // Neither the folder nor its throw-away name is left; its neighbour is.
   EXPECT_EQ(1, entries(dir.path()));
   EXPECT_TRUE(path_exists(dir / "keep.txt"));
-  EXPECT_EQ("before", panel_line(*m, 1));
-  EXPECT_EQ("Shredding folder...", panel_line(*m, 2)) << "written under what was there";
-  EXPECT_FALSE(m->mark.Visible());
-  EXPECT_EQ("", m->Label22.Caption());
+  EXPECT_EQ("before", panel_line(form, 1));
+  EXPECT_EQ("Shredding folder...", panel_line(form, 2)) << "written under what was there";
+  EXPECT_FALSE(form.mark.Visible());
+  EXPECT_EQ("", page.Label22.Caption());
   EXPECT_EQ(0u, boxes.count());
+}
+
+TEST_F(ShredSection, TheWaitPanelNamesEachFileInTheLanguageInUse) {
+  ShredProgress progress = page.progress();
+  progress.file("c.txt");
+  EXPECT_EQ("Shredding c.txt", form.Label39.Caption());
+  language_flag = 2;
+  progress.file("d.txt");
+  EXPECT_EQ("Rad d.txt", form.Label39.Caption());
 }
 
 TEST_F(ShredSection, ADriveIsRefusedWhetherRootOrTwoCharacters) {
@@ -110,12 +129,12 @@ TEST_F(ShredSection, ADriveIsRefusedWhetherRootOrTwoCharacters) {
   for (const std::string& root : {std::string("C:\\"), std::string("C:")}) {
     ScriptedDialogs boxes;
     target(root);
-    m->del_Click();
+    page.del_block();
     ASSERT_EQ(1u, boxes.count()) << root;
     EXPECT_EQ("You can not shred the entire drive!", boxes.last().text);
     EXPECT_EQ(static_cast<unsigned>(MB_ICONEXCLAMATION), boxes.last().style & MB_ICONMASK);
-    EXPECT_FALSE(m->mark.Visible());
-    EXPECT_EQ("", m->Label22.Caption());
+    EXPECT_FALSE(form.mark.Visible());
+    EXPECT_EQ("", page.Label22.Caption());
   }
   EXPECT_TRUE(path_exists(canary));
   EXPECT_TRUE(path_exists("C:\\windows"));
@@ -123,7 +142,7 @@ TEST_F(ShredSection, ADriveIsRefusedWhetherRootOrTwoCharacters) {
   language_flag = 2;
   ScriptedDialogs boxes;
   target("C:\\");
-  m->del_Click();
+  page.del_block();
   ASSERT_EQ(1u, boxes.count());
   EXPECT_EQ("Nu sunteti sanatos daca vreti sa radeti intregul disc!", boxes.last().text);
 }
@@ -134,51 +153,51 @@ TEST_F(ShredSection, ATargetThatWentAwaySaysNothingAndIsForgotten) {
   target(file);
   DeleteFileA(file.c_str());
   ScriptedDialogs boxes;
-  m->del_Click();
+  page.del_block();
   EXPECT_EQ(0u, boxes.count());
-  EXPECT_EQ("", m->Label22.Caption());
-  EXPECT_FALSE(m->mark.Visible());
+  EXPECT_EQ("", page.Label22.Caption());
+  EXPECT_FALSE(form.mark.Visible());
 }
 
 TEST_F(ShredSection, TheListsPickTheTarget) {
   ScratchDir dir("shred_section_lists");
   dir.file("top\\one.txt", "1");
   dir.folder("top\\sub");
-  m->Dir3.Path(dir / "top");
-  EXPECT_EQ(dir / "top", m->File3.Path());
-  EXPECT_EQ(dir / "top" + " ", m->Label22.Caption());
+  page.Dir3.Path(dir / "top");
+  EXPECT_EQ(dir / "top", page.File3.Path());
+  EXPECT_EQ(dir / "top" + " ", page.Label22.Caption());
 
-  m->File3.ListIndex(0);
-  EXPECT_EQ(dir / "top\\one.txt" + " ", m->Label22.Caption());
+  page.File3.ListIndex(0);
+  EXPECT_EQ(dir / "top\\one.txt" + " ", page.Label22.Caption());
 
   // A folder picked in Dir3 takes over, and the file is no longer picked.
-  m->Dir3.ListIndex(0);
-  EXPECT_EQ(dir / "top\\sub" + " ", m->Label22.Caption());
-  EXPECT_EQ(-1, m->File3.ListIndex());
+  page.Dir3.ListIndex(0);
+  EXPECT_EQ(dir / "top\\sub" + " ", page.Label22.Caption());
+  EXPECT_EQ(-1, page.File3.ListIndex());
 }
 
 TEST_F(ShredSection, KeysInTheListsGoInOutAndShred) {
   ScratchDir dir("shred_section_keys");
   const std::string file = dir.file("top\\sub\\gone.txt", "g");
-  m->Dir3.Path(dir / "top");
-  m->Dir3.ListIndex(0);
-  key(m->Dir3, VK_RETURN);
-  EXPECT_EQ(dir / "top\\sub", m->Dir3.Path());
-  key(m->Dir3, VK_BACK);
-  EXPECT_EQ(dir / "top", m->Dir3.Path());
-  EXPECT_EQ(-1, m->Dir3.ListIndex());
+  page.Dir3.Path(dir / "top");
+  page.Dir3.ListIndex(0);
+  key(page.Dir3, VK_RETURN);
+  EXPECT_EQ(dir / "top\\sub", page.Dir3.Path());
+  key(page.Dir3, VK_BACK);
+  EXPECT_EQ(dir / "top", page.Dir3.Path());
+  EXPECT_EQ(-1, page.Dir3.ListIndex());
 
-  m->Dir3.Path(dir / "top\\sub");
-  m->File3.ListIndex(0);
+  page.Dir3.Path(dir / "top\\sub");
+  page.File3.ListIndex(0);
   ScriptedDialogs boxes;
-  key(m->File3, VK_DELETE);
+  key(page.File3, VK_DELETE);
   EXPECT_FALSE(path_exists(file));
-  EXPECT_EQ(0, m->File3.ListCount()) << "the lists were read again";
+  EXPECT_EQ(0, page.File3.ListCount()) << "the lists were read again";
 
   // Delete in Dir3 shreds the folder it names.
-  m->Dir3.Path(dir / "top");
-  m->Dir3.ListIndex(0);
-  key(m->Dir3, VK_DELETE);
+  page.Dir3.Path(dir / "top");
+  page.Dir3.ListIndex(0);
+  key(page.Dir3, VK_DELETE);
   EXPECT_FALSE(path_exists(dir / "top\\sub"));
   EXPECT_EQ(0u, boxes.count());
 }
@@ -186,11 +205,10 @@ TEST_F(ShredSection, KeysInTheListsGoInOutAndShred) {
 TEST_F(ShredSection, ADropOnTheButtonEntersTheSectionAndWaitsForHarrow) {
   ScratchDir dir("shred_section_drop");
   const std::string a = dir.file("a.txt", "a"), b = dir.file("b.txt", "b");
-  m->Image11_Click();
-  ASSERT_EQ(7, ActiveSection);
-  fire(m->shred.OLEDragDrop, std::vector<std::string>{a, b});
+  leave();
+  fire(form.shred.OLEDragDrop, std::vector<std::string>{a, b});
   EXPECT_EQ(6, ActiveSection);
-  EXPECT_EQ(a + " ", m->Label22.Caption());
+  EXPECT_EQ(a + " ", page.Label22.Caption());
   EXPECT_TRUE(path_exists(a));
 }
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "core/globals.h"
-#include "core/mainu.h"
+#include "form/mainu.h"
 #include "core/rnd.h"
 #include "filetools/shredder.h"
 #include "support/scratch.h"
@@ -78,7 +78,6 @@ std::vector<std::string> names_in(const std::string& folder) {
 
 class Shredder : public ::testing::Test {
 protected:
-  void SetUp() override { mainu(); }  // the progress boxes live on the form
   ScratchDir dir{"shredder"};
   ScriptedDialogs boxes;
 };
@@ -159,16 +158,21 @@ TEST_F(Shredder, FolderTreeIsShreddedFileByFileAndFoldersStay) {
   dir.file("top\\a.txt", "a");
   dir.file("top\\sub\\b.txt", std::string(10000, 'b'));
   dir.file("top\\sub\\deeper\\c.txt", "c");
-  language_flag = 1;
-  shred_folder(dir / "top", 3);
+  std::vector<std::string> said;
+  ShredProgress progress{
+      .pass = [&](int16_t percent) { said.push_back(std::to_string(percent)); },
+      .deleted = [&] { said.push_back("deleted"); },
+      .file = [&](const std::string& name) { said.push_back(name); },
+  };
+  shred_folder(dir / "top", 3, progress);
   EXPECT_TRUE(names_in(dir / "top\\sub\\deeper").empty());
   EXPECT_EQ(std::vector<std::string>{"deeper"}, names_in(dir / "top\\sub"));
   EXPECT_EQ(std::vector<std::string>{"sub"}, names_in(dir / "top"));
-  EXPECT_EQ("Shredding c.txt", mainu().Label39.Caption());
-  dir.file("ro\\d.txt", "d");
-  language_flag = 2;
-  shred_folder(dir / "ro", 3);
-  EXPECT_EQ("Rad d.txt", mainu().Label39.Caption());
+  // A folder's own files before its subfolders; three passes a file.
+  const std::vector<std::string> expected = {"a.txt", "33", "67", "100", "deleted",
+                                             "b.txt", "33", "67", "100", "deleted",
+                                             "c.txt", "33", "67", "100", "deleted"};
+  EXPECT_EQ(expected, said);
 }
 
 TEST(ThrowawayName, FormAndBoundsOfTheDraws) {

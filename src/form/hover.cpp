@@ -1,9 +1,9 @@
-#include "core/hover.h"
+#include "form/hover.h"
 
 #include "core/globals.h"
-#include "core/mainu.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "core/main_form.h"
 
 namespace wh {
 
@@ -78,13 +78,10 @@ Lines delall_lines(bool en, int section) {
   return en ? Lines{"Harrow all junk and", "   traces"} : Lines{"Curata tot: junk", "   si urme"};
 }
 
-void harrow_tip(Mainu& m) {
+void harrow_tip(MainForm& m) {
   if (val(setting("HARROWtip")) != 0) return;
   save_setting("HARROWtip", "1");
-  m.quicktip.Visible(true);
-  m.Command1.Visible(false);
-  m.OKU.Visible(true);
-  m.quicktiptext.Caption(
+  m.quick_tip(
       language_flag == 1
           ? "Presing the DELETE key or DOUBLE CLICKING(only for Uninstaler,TaskManager & "
             "StartUp)an item has the same effect as presing the Harrow button!\r\nIn SplitFiles "
@@ -92,7 +89,8 @@ void harrow_tip(Mainu& m) {
           : "Apasarea tastei DELETE sau DUBLUL CLICK pe un item(numai pentru "
             "Dezinstalare,TaskManager si StartUP) are acelasi efect cu apasarea butonului "
             "HARROW\r\nIn fereastra Despicare Fisiere,combinatia te taste SHIFT+DELETE are ca "
-            "efect stergerea fisierului selectat.");
+            "efect stergerea fisierului selectat.",
+      false, true);
 }
 }  // namespace
 
@@ -110,7 +108,7 @@ std::string hover_key(const std::string& control) {
   return h ? h->key : std::string();
 }
 
-void hover(Mainu& m, const std::string& control) {
+void hover(MainForm& m, const std::string& control) {
   const std::string key = hover_key(control);
   if (key.empty() || m.lighton == key) return;
   m.Clear(m.lighton);
@@ -129,7 +127,7 @@ void hover(Mainu& m, const std::string& control) {
   if (key == "DEL") harrow_tip(m);
 }
 
-void wire_hover(Mainu& m) {
+void wire_hover(MainForm& m) {
   for (const Help& h : helps()) {
     Control* c = m.find(h.control);
     if (!c) continue;

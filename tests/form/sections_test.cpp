@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "core/text.h"
-#include "form_test.h"
+#include "support/form_test.h"
 #include "platform/files.h"
 #include "support/scratch.h"
 
@@ -19,26 +19,9 @@ namespace {
 class Probe : public Mainu {
 public:
   Names calls;
-  Names killed;
-  Names task_rows;               // what afis_tasks puts in List2
-  int ticked_when_harrowed = -1;  // category boxes ticked when the junk block ran
 
   void note(const std::string& what) { calls.push_back(what); }
-  int count(const std::string& what) const {
-    return static_cast<int>(std::count(calls.begin(), calls.end(), what));
-  }
 
-  void scan_installed_programs() override { note("scan_installed_programs"); }
-  void afis_tasks() override {
-    note("afis_tasks");
-    List2.Clear();
-    for (const std::string& r : task_rows) List2.AddItem(r);
-  }
-  void Label1_Click() override { note("Label1_Click"); }
-  void Drive3_Change() override { note("Drive3_Change"); }
-  void junk_scan() override { note("junk_scan"); }
-  void scan_startup() override { note("scan_startup"); }
-  void load_search_paths() override { note("load_search_paths"); }
   void del_duplicates() override {
     note("del_duplicates");
     ActiveSection = 9;  // a block that moves the section runs no other block
@@ -47,7 +30,7 @@ public:
   void del_junk() override {
     note("del_junk");
     ticked_when_harrowed = 0;
-    for (int i = 1; i <= 18; ++i) ticked_when_harrowed += check[i]->Value();
+    for (int i = 1; i <= 18; ++i) ticked_when_harrowed += junk_page.check[i]->Value();
   }
   void del_uninstall() override { note("del_uninstall"); }
   void del_tasks() override { note("del_tasks"); }
@@ -55,8 +38,17 @@ public:
   void del_disk_explorer() override { note("del_disk_explorer"); }
   void del_floppy() override { note("del_floppy"); }
   void del_shred() override { note("del_shred"); }
-  void killem(uint32_t, const std::string& name) override { killed.push_back(name); }
-  void lupa_Click() override { note("lupa_Click:" + current_check_key); }
+  void delall_tasks() override { note("delall_tasks"); }
+  void ref_startup() override { note("ref_startup"); }
+  void ref_junk() override { note("ref_junk"); }
+  void ref_uninstall() override { note("ref_uninstall"); }
+  void ref_tasks() override { note("ref_tasks"); }
+  void ref_disk_explorer() override { note("ref_disk_explorer"); }
+  void ref_split() override { note("ref_split"); }
+  void ref_floppy() override { note("ref_floppy"); }
+  void ref_shred() override { note("ref_shred"); }
+
+  int ticked_when_harrowed = -1;  // category boxes ticked when the junk block ran
 };
 
 class Sections : public wh::test::StoreTest {
@@ -77,9 +69,12 @@ protected:
     Probe& m = *form;
     Names names;
     for (Control* c : std::initializer_list<Control*>{
-             &m.umb_up, &m.PIE, &m.QM, &m.lupe, &m.search, &m.showplugins, &m.explorer, &m.talpa,
-             &m.delfolder, &m.frogsus, &m.frame1, &m.splitbox, &m.Frame5, &m.Frame6, &m.Frame8,
-             &m.RUNframe, &m.junk_form, &m.finddups, &m.options.optiuni})
+             &m.startup_page.umb_up, &m.uninstall_page.PIE, &m.uninstall_page.QM,
+             &m.uninstall_page.lupe, &m.search, &m.junk_page.showplugins, &m.disk_page.explorer,
+             &m.uninstall_page.talpa, &m.uninstall_page.delfolder, &m.task_page.frogsus, &m.frame1,
+             &m.split_page.splitbox, &m.disk_page.Frame5, &m.floppy_page.Frame6,
+             &m.shred_page.Frame8, &m.startup_page.RUNframe, &m.junk_page.junk_form,
+             &m.duplicates_page.finddups, &m.options.optiuni})
       if (c->Visible()) names.push_back(c->Name());
     return names;
   }
@@ -117,7 +112,7 @@ TEST_F(Sections, EachEntryShowsItsOwnSetAndLightsOnlyItsButton) {
     for (const Entry& to : entries) {
       if (from.section == to.section) continue;
       (m.*from.handler)();
-      m.talpa.Visible(true);  // shown by a row choice in section 1
+      m.uninstall_page.talpa.Visible(true);  // shown by a row choice in section 1
       (m.*to.handler)();
       SCOPED_TRACE(std::to_string(from.section) + " -> " + std::to_string(to.section));
       EXPECT_EQ(to.section, ActiveSection);
@@ -131,28 +126,21 @@ TEST_F(Sections, EachEntryShowsItsOwnSetAndLightsOnlyItsButton) {
   }
 }
 
-TEST_F(Sections, TheButtonOfTheShownSectionDoesNotRescanButDirinfoAlwaysDoes) {
+TEST_F(Sections, TheButtonOfTheShownSectionDoesNothingButDirinfoRunsAgain) {
   Probe& m = *form;
   m.displaytips = true;  // a first start: section 1's tip comes once in the run
-  struct Entry {
-    void (Mainu::*handler)();
-    const char* scan;
-  };
-  for (const Entry& e : {Entry{&Mainu::uninstall_Click, "scan_installed_programs"},
-                         Entry{&Mainu::task_Click, "afis_tasks"},
-                         Entry{&Mainu::splity_Click, "Label1_Click"},
-                         Entry{&Mainu::junk_Click, "junk_scan"},
-                         Entry{&Mainu::RUN_Click, "scan_startup"},
-                         Entry{&Mainu::dupy_Click, "load_search_paths"},
-                         Entry{&Mainu::dirinfo_Click, "Drive3_Change"}}) {
-    m.calls.clear();
-    (m.*e.handler)();
-    m.talpa.Visible(true);
-    (m.*e.handler)();
-    const bool again = e.handler == &Mainu::dirinfo_Click;
-    EXPECT_EQ(again ? 2 : 1, m.count(e.scan)) << e.scan;
-    EXPECT_EQ(!again, m.talpa.Visible()) << e.scan;
-    if (e.handler == &Mainu::uninstall_Click) {
+  for (void (Mainu::*handler)() :
+       {&Mainu::uninstall_Click, &Mainu::task_Click, &Mainu::splity_Click, &Mainu::junk_Click,
+        &Mainu::RUN_Click, &Mainu::dupy_Click, &Mainu::shred_Click, &Mainu::kila_Click,
+        &Mainu::dirinfo_Click}) {
+    (m.*handler)();
+    // Shown by a row choice in section 1; a second entry that ran would
+    // hide it with the other extras.
+    m.uninstall_page.talpa.Visible(true);
+    (m.*handler)();
+    const bool again = handler == &Mainu::dirinfo_Click;
+    EXPECT_EQ(!again, m.uninstall_page.talpa.Visible()) << ActiveSection;
+    if (handler == &Mainu::uninstall_Click) {
       EXPECT_TRUE(m.quicktip.Visible());
     }
     m.quicktip.Visible(false);
@@ -168,13 +156,13 @@ TEST_F(Sections, OptionsUndoOnlyWhatTheSectionLeftPutUpAndListByLanguage) {
   m.Image11_Click();
   EXPECT_EQ(7, ActiveSection);
   EXPECT_TRUE(m.options.optiuni.Visible());
-  EXPECT_TRUE(m.splitbox.Visible());  // left standing under the page
+  EXPECT_TRUE(m.split_page.splitbox.Visible());  // left standing under the page
   EXPECT_TRUE(shows(m.splity, "SPLITJOS"));
   EXPECT_FALSE(m.del.Visible() || m.ref.Visible());
 
   m.task_Click();
   m.Image11_Click();
-  EXPECT_FALSE(m.frogsus.Visible());
+  EXPECT_FALSE(m.task_page.frogsus.Visible());
   EXPECT_TRUE(m.frame1.Visible() && m.delall.Visible());  // only del and ref go
 
   ComboBox& combo = m.options.Combo1;
@@ -207,61 +195,44 @@ TEST_F(Sections, HarrowAllInJunkTicksAllButTheIndexFilesAndNeverEnds) {
   Probe& m = *form;
   save_setting("harrowall", "true");
   m.junk_Click();
-  m.pluginlist.AddItem("a plug-in");
+  m.junk_page.pluginlist.AddItem("a plug-in");
   for (int left_as : {0, 1}) {
-    for (int i = 1; i <= 18; ++i) m.check[i]->Value(i == 18 ? left_as : 0);
+    for (int i = 1; i <= 18; ++i) m.junk_page.check[i]->Value(i == 18 ? left_as : 0);
     m.calls.clear();
     m.delall_Click();  // the fixture's end hook fails the test on an end
     EXPECT_EQ(Names{"del_junk"}, m.calls);
     EXPECT_EQ(17 + left_as, m.ticked_when_harrowed);
-    EXPECT_EQ(left_as, m.check[18]->Value());
-    EXPECT_EQ(1, m.pluginlist.SelCount());
+    EXPECT_EQ(left_as, m.junk_page.check[18]->Value());
+    EXPECT_EQ(1, m.junk_page.pluginlist.SelCount());
   }
 }
 
-TEST_F(Sections, HarrowAllInTasksSparesTheSystemAndEndsOnlyThere) {
+TEST_F(Sections, HarrowAllEndsTheProgramOnlyFromTasks) {
   Probe& m = *form;
-  m.task_rows = {"notepad.exe", "KERNEL32.DLL", "mprexe.exe", "Explorer.exe", "myexplorer.exe.old",
-                 ucase(app_exe_name()) + ".exe", "calc.exe"};
   m.task_Click();
   m.delall_Click();  // "harrowall" missing: no end
-  // The first row is never touched; the rest are tested after a fresh list.
-  EXPECT_EQ(Names{"calc.exe"}, m.killed);
-  EXPECT_EQ(2, m.count("afis_tasks"));
+  EXPECT_EQ(Names{"delall_tasks"}, m.calls);
 
   save_setting("harrowall", "true");
   {
     EndHook end;
     EXPECT_THROW(m.delall_Click(), ProgramEnded);
   }
-  EXPECT_EQ(2u, m.killed.size());  // the end came after the kills
+  EXPECT_EQ((Names{"delall_tasks", "delall_tasks"}), m.calls) << "the end came after the kills";
   m.Image11_Click();
   m.delall_Click();  // the same setting ends nothing elsewhere
 }
 
-TEST_F(Sections, RefReadsAgainWhatItsSectionShows) {
+TEST_F(Sections, RefReadsAgainOnlyWhatItsSectionShows) {
   Probe& m = *form;
-  // Junk: the scan, or the trace viewer shown again; in its narrow layout
-  // the key follows what the viewer shows.
-  m.junk_Click();
-  m.calls.clear();
-  m.ref_Click();
-  m.Frame15.Visible(true);
-  m.junk_files.AddItem("old line");
-  m.current_check_key = "CHECK13";
-  m.viewer_mode = 3;
-  m.ref_Click();
-  EXPECT_EQ(0, m.junk_files.ListCount());
-  m.Picture7.Left(2850 / 15);
-  m.current_check_key = "CHECK13";
-  m.ref_Click();
-  EXPECT_EQ((Names{"junk_scan", "lupa_Click:CHECK11", "lupa_Click:CHECK13"}), m.calls);
-  m.Frame15.Visible(false);
-
-  // The floppy section drops the tool it wrote; no drive A: is no error.
-  const std::string tool = app_path() + "\\killa.exe";
-  wh::test::write_file(tool, "MZ");
-  m.kila_Click();
-  m.ref_Click();
-  EXPECT_FALSE(wh::test::path_exists(tool));
+  const char* const blocks[] = {"",           "ref_uninstall",     "ref_tasks",
+                                "ref_split",  "ref_disk_explorer", "ref_floppy",
+                                "ref_shred",  "",                  "ref_junk",
+                                "ref_startup", ""};
+  for (int section = 0; section <= 10; ++section) {
+    m.calls.clear();
+    ActiveSection = static_cast<uint8_t>(section);
+    m.ref_Click();
+    EXPECT_EQ(*blocks[section] ? Names{blocks[section]} : Names{}, m.calls) << section;
+  }
 }

@@ -10,13 +10,14 @@
 #include "core/globals.h"
 #include "core/later.h"
 #include "core/loading.h"
-#include "core/mainu.h"
+#include "core/tasks.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
 #include "core/settings.h"
 #include "core/skin.h"
 #include "core/text.h"
 #include "filetools/shredder.h"
+#include "form/mainu.h"
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/processes.h"
@@ -77,14 +78,8 @@ void Mainu::ordinary_start() {
   task_list = std::make_unique<clsApplicazioni>();
   active_process = std::make_unique<clsActiveProcess>();
   ActiveSection = 1;
-  shred.LoadPicture("SHRED_JOS");
-  kila.LoadPicture("KILLA_JOS");
-  dirinfo.LoadPicture("DIRINFO_JOS");
-  splity.LoadPicture("SPLITJOS");
-  task.LoadPicture("TASK_JOS");
-  uninstall.LoadPicture("DEZ_SUS");  // lit: its section is the first
-  dupy.LoadPicture("DUP_JOS");
-  talpa.LoadPicture("PICIOR_JOS");
+  light_section_button(uninstall);  // its section is the first
+  uninstall_page.talpa.LoadPicture("PICIOR_JOS");
   del.LoadPicture("DELETE_JOS");
   delall.LoadPicture("DELETEALL_JOS");
   ref.LoadPicture("REFRESH_JOS");
@@ -115,7 +110,7 @@ void Mainu::load_settings() {
   if (val(setting("runed")) == 0) {
     displaytips = true;
     first_run_done = false;
-    show_loading();
+    show_loading([this](int language) { changelanguage(language); });
     wait_until([] { return first_run_done; });
   }
   // 0 is taken as unset, each coordinate alone.
@@ -127,8 +122,11 @@ void Mainu::load_settings() {
 
   // From here on every failure is dropped and the next step runs.
   bool plugins = false;
-  ignore_errors([&] { plugins = scan_plugins(); });
-  ignore_errors([&] { showplugins.picture(plugins ? Image23.picture() : Image22.picture()); });
+  ignore_errors([&] { plugins = junk_page.scan_plugins(); });
+  ignore_errors([&] {
+    JunkPage& j = junk_page;
+    j.showplugins.picture(plugins ? j.Image23.picture() : j.Image22.picture());
+  });
   // A later call only scans the plug-ins again.
   if (load_count_ > 1) return;
 
@@ -233,7 +231,7 @@ void Mainu::start_with_paths(const std::string& tail) {
   }
 
   if (choose_result == 0) {
-    for (int i = 1; i <= upper_bound(); ++i) uninstall_dropped(cmdline_paths[i]);
+    for (int i = 1; i <= upper_bound(); ++i) uninstall_page.uninstall_dropped(cmdline_paths[i]);
     end_program();
   } else if (choose_result == 2) {
     Choose& c = choose();
@@ -245,10 +243,10 @@ void Mainu::start_with_paths(const std::string& tail) {
     for (int i = 1; i <= upper_bound(); ++i) {
       const std::string& path = cmdline_paths[i];
       if (file_system().FileExists(path)) {
-        shred_file(path, 3, false);
+        shred_file(path, 3, false, shred_page.progress());
       } else if (file_system().FolderExists(path)) {
         const std::string trimmed = trim(path);
-        shred_folder(trimmed, 3);
+        shred_folder(trimmed, 3, shred_page.progress());
         file_system().DeleteFolder(trimmed, false);  // errors ignored
         file_system().DeleteFile(path);
       }
@@ -263,7 +261,7 @@ void Mainu::start_with_paths(const std::string& tail) {
     changelanguage(setting("limba") == "romana" ? 2 : 1);
     splity.Enabled(true);
     splity_Click();
-    Label1_Click();
+    split_page.Label1_Click();
     Show();
   }
 }

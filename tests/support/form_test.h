@@ -11,7 +11,7 @@
 
 #include "core/globals.h"
 #include "core/loading.h"
-#include "core/mainu.h"
+#include "form/mainu.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
 #include "core/settings.h"

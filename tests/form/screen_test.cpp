@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "core/form_test.h"
+#include "support/form_test.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
 #include "ui/ui.h"

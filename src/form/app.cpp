@@ -1,6 +1,6 @@
-#include "core/app.h"
+#include "form/app.h"
 
-#include "core/mainu.h"
+#include "form/mainu.h"
 #include "platform/rt_error.h"
 #include "ui/events.h"
 

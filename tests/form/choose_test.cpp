@@ -9,7 +9,7 @@
 
 #include "core/choose.h"
 #include "core/globals.h"
-#include "core/mainu.h"
+#include "form/mainu.h"
 #include "support/scratch.h"
 #include "ui/ui.h"
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/form_test.h"
+#include "support/form_test.h"
 #include "core/globals.h"
 #include "core/loading.h"
 #include "core/settings.h"

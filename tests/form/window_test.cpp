@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/form_test.h"
+#include "support/form_test.h"
 #include "core/globals.h"
 #include "core/poweroff.h"
 #include "core/settings.h"
@@ -185,21 +185,6 @@ TEST_F(WindowTest, TheFrameButtonsCloseMinimiseAndHide) {
   m->Image1.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
   m->Image1.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
   EXPECT_TRUE(end.called());
-}
-
-TEST_F(WindowTest, TheTracePanelHasAWideAndANarrowLayout) {
-  m->junk_files.AddItem("left over");
-  m->famare();
-  EXPECT_TRUE(m->Frame15.Visible());
-  EXPECT_FALSE(m->del.Visible());
-  EXPECT_FALSE(m->delall.Visible());
-  EXPECT_EQ(0, m->junk_files.ListCount());
-  // The refresh button tells the layouts apart by this edge.
-  EXPECT_EQ(2850, m->Picture7.Left() * twips_per_pixel_x());
-  const int wide = m->Frame15.Width();
-  m->famic();
-  EXPECT_NE(2850, m->Picture7.Left() * twips_per_pixel_x());
-  EXPECT_LT(m->Frame15.Width(), wide);
 }
 
 TEST_F(WindowTest, TheAppreciationWindowsPostButtonShowsTheAddressAndCloses) {

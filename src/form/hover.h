@@ -6,7 +6,7 @@
 
 namespace wh {
 
-class Mainu;
+class MainForm;
 
 // The help of a button (by control name) in a language (1 English, anything
 // else Romanian). The action buttons' help depends on the section showing.
@@ -18,9 +18,9 @@ std::string hover_key(const std::string& control);
 // The pattern: nothing when the button is lit already; else the old one is
 // put out, del/delall/ref take their lit picture, the LCD shows the help,
 // and `lighton` takes the key.
-void hover(Mainu& form, const std::string& control);
+void hover(MainForm& form, const std::string& control);
 
 // Wires the MouseMove of every skin button to hover().
-void wire_hover(Mainu& form);
+void wire_hover(MainForm& form);
 
 }  // namespace wh

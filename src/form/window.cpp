@@ -1,11 +1,11 @@
 // The main window itself: dragged by its bare surface, closed and minimised
-// by the buttons drawn on its skin, and the two layouts of the trace panel.
+// by the buttons drawn on its skin.
 #include "core/globals.h"
 #include "core/later.h"
-#include "core/mainu.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
 #include "core/text.h"
+#include "form/mainu.h"
 
 namespace wh {
 
@@ -40,35 +40,6 @@ void Mainu::Image10_MouseUp(int button, int, int, int) {
     tray_add();
     Hide();
   }
-}
-
-// The trace panel over the whole working area, or narrow beside the
-// categories. The refresh button tells the two apart by Picture7's left
-// edge: 2850 twips in the wide one only.
-void Mainu::famare() {
-  const skin::Rect& c = skin::content;
-  const int title_left = 2850 / twips_per_pixel_x();
-  del.Visible(false);
-  delall.Visible(false);
-  Picture9.Move(8, 16, title_left - 14, 40);
-  Frame15.Move(c.left, c.top, c.width, c.height);
-  Picture7.Move(title_left, 16, c.width - title_left - 8, 40);
-  junk_files.Move(8, 62, c.width - 16, c.height - 70);
-  junk_files.Clear();
-  Frame15.Visible(true);
-}
-
-void Mainu::famic() {
-  const skin::Rect& c = skin::content;
-  const int width = 230;
-  del.Visible(false);
-  delall.Visible(false);
-  Picture9.Move(8, 16, width - 16, 24);
-  Frame15.Move(c.left + c.width - width, c.top, width, c.height);
-  Picture7.Move(8, 44, width - 16, 40);
-  junk_files.Move(8, 90, width - 16, c.height - 98);
-  junk_files.Clear();
-  Frame15.Visible(true);
 }
 
 }  // namespace wh

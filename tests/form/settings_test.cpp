@@ -2,7 +2,7 @@
 // Options page, on the real form and the real registry of the prefix.
 #include <gtest/gtest.h>
 
-#include "form_test.h"
+#include "support/form_test.h"
 #include "platform/files.h"
 #include "platform/memory.h"
 
@@ -81,7 +81,7 @@ TEST_F(LoadSettings, StoredFalseLeavesOthersAloneAndTheTrayHalfEntersTheSection)
   // The focus failed on the hidden window before the section number was
   // set; the rest of the start went on.
   EXPECT_EQ(0, ActiveSection);
-  EXPECT_TRUE(m.PIE.Visible());
+  EXPECT_TRUE(m.uninstall_page.PIE.Visible());
   EXPECT_EQ(2, language_flag);
   m.Show();
   m.uninstall_Click();  // a click completes the entry

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "core/globals.h"
-#include "core/mainu.h"
+#include "form/mainu.h"
 #include "core/settings.h"
 #include "support/scratch.h"
 #include "ui/dialogs.h"

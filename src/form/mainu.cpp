@@ -1,0 +1,95 @@
+#include "form/mainu.h"
+
+#include "core/later.h"
+#include "form/hover.h"
+
+namespace wh {
+
+namespace {
+// Never destroyed at exit: the program ends without unloading any form, and
+// tearing windows down after the runtime's own statics are gone crashes.
+Mainu* instance = nullptr;
+}  // namespace
+
+Mainu::Mainu()
+    : MainForm({.class_name = "Wellharrower", .caption = "Wellharrower",
+                .width = skin::window_width, .height = skin::window_height, .popup = true,
+                .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
+      search(add<Frame>("search", at(skin::strip_panel))),
+      frame1(add<Frame>("frame1", at(skin::strip_panel))),
+      uninstall_page(*this, search),
+      task_page(*this, frame1),
+      split_page(*this),
+      disk_page(*this),
+      floppy_page(*this),
+      shred_page(*this),
+      options(*this),
+      junk_page(*this, frame1),
+      startup_page(*this, search),
+      duplicates_page(*this) {
+  search.Visible(false);
+  frame1.Visible(false);
+  // Leaving a section for Options hides only some of its extras: the page
+  // goes over what stays.
+  options.optiuni.ZOrder(0);
+  // Over the small progress bar of section 10 where they show.
+  frame1.ZOrder(0);
+  search.ZOrder(0);
+  // Over every page: the tip panel and the wait panel.
+  mark.ZOrder(0);
+  quicktip.ZOrder(0);
+
+  uninstall.Click = [this] { uninstall_Click(); };
+  task.Click = [this] { task_Click(); };
+  splity.Click = [this] { splity_Click(); };
+  dirinfo.Click = [this] { dirinfo_Click(); };
+  kila.Click = [this] { kila_Click(); };
+  shred.Click = [this] { shred_Click(); };
+  Image11.Click = [this] { Image11_Click(); };
+  junk.Click = [this] { junk_Click(); };
+  RUN.Click = [this] { RUN_Click(); };
+  dupy.Click = [this] { dupy_Click(); };
+  del.Click = [this] { del_Click(); };
+  delall.Click = [this] { delall_Click(); };
+  ref.Click = [this] { ref_Click(); };
+  Command1.Click = [this] { Command1_Click(); };
+  Timer3.Tick = [this] { Timer3_Timer(); };
+
+  // No caption, yet the taskbar can minimise and restore it: that takes a
+  // system menu and a minimise box in the style.
+  ::SetWindowLongA(hwnd(), GWL_STYLE,
+                   ::GetWindowLongA(hwnd(), GWL_STYLE) | WS_SYSMENU | WS_MINIMIZEBOX);
+  MouseDown = [this](int b, int s, int x, int y) { Form_MouseDown(b, s, x, y); };
+  MouseMove = [this](int b, int s, int x, int y) { Form_MouseMove(b, s, x, y); };
+  MouseUp = [this](int b, int s, int x, int y) { Form_MouseUp(b, s, x, y); };
+  Image1.Click = [this] { Image1_Click(); };
+  Image10.MouseUp = [this](int b, int s, int x, int y) { Image10_MouseUp(b, s, x, y); };
+  wire_hover(*this);
+  QueryUnload = [](int&, int mode) {
+    if (mode == unload_windows) end_program();  // the session ends: no clean-up
+    tray_remove();
+  };
+  Unload = [](int&) {
+    // The object must outlive its own event; the program ends soon after.
+    instance = nullptr;
+    tray_remove();
+  };
+}
+
+void Mainu::Timer3_Timer() {
+  // The power-off time check and the monitor plug in here.
+}
+
+Mainu& mainu() {
+  if (!instance) instance = new Mainu();
+  return *instance;
+}
+
+bool mainu_exists() { return instance != nullptr; }
+
+void mainu_clear() {
+  delete instance;
+  instance = nullptr;
+}
+
+}  // namespace wh

@@ -1,0 +1,58 @@
+// Harrow All in the task manager, against a process list the test hands it:
+// never the machine's own processes.
+#include <gtest/gtest.h>
+
+#include "core/globals.h"
+#include "core/tasks.h"
+#include "core/text.h"
+#include "platform/files.h"
+#include "support/test_form.h"
+#include "system/task_page.h"
+
+using namespace wh;
+using Names = std::vector<std::string>;
+
+namespace {
+
+class ProbeTasks : public TaskPage {
+public:
+  using TaskPage::TaskPage;
+  Names rows;    // what afis_tasks puts in List2
+  Names killed;
+  int refreshed = 0;
+  void afis_tasks() override {
+    ++refreshed;
+    List2.Clear();
+    for (const std::string& r : rows) List2.AddItem(r);
+  }
+  void killem(uint32_t, const std::string& row) override { killed.push_back(row); }
+};
+
+TEST(TaskPage, HarrowAllSparesTheSystemTheProgramAndTheFirstRow) {
+  test::TestForm form;
+  Frame& frame1 = form.add<Frame>("frame1", Place{0, 0, 10, 10});
+  ProbeTasks page(form, frame1);
+  active_process = std::make_unique<clsActiveProcess>();
+  page.rows = {"notepad.exe",        "KERNEL32.DLL", "mprexe.exe",
+               "Explorer.exe",       "myexplorer.exe.old",
+               ucase(app_exe_name()) + ".exe", "calc.exe"};
+  page.delall_block();
+  // The list is read afresh first; "myexplorer.exe.old" holds "EXPLORER.EXE".
+  EXPECT_EQ(1, page.refreshed);
+  EXPECT_EQ(Names{"calc.exe"}, page.killed);
+
+  page.rows = {"only.exe"};
+  page.killed.clear();
+  page.delall_block();
+  EXPECT_TRUE(page.killed.empty()) << "with one row there is nothing to harrow";
+  active_process.reset();
+}
+
+TEST(TaskPage, TheSparedNamesIgnoreCaseAndNeedTheWholeExeName) {
+  EXPECT_TRUE(spared_by_harrow_all("c:\\windows\\system32\\kernel32.dll", "Wellharrower"));
+  EXPECT_TRUE(spared_by_harrow_all("wellharrower.exe", "Wellharrower"));
+  EXPECT_FALSE(spared_by_harrow_all("wellharrower.com", "Wellharrower"));
+  EXPECT_FALSE(spared_by_harrow_all("explorer.com", "Wellharrower"));
+}
+
+}  // namespace
