@@ -1,0 +1,104 @@
+// The routines that three sections share: the path of a command line, the
+// strings of a version resource, the target of a shortcut.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/commands.h"
+#include "core/shortcuts.h"
+#include "core/version_info.h"
+#include "platform/shell_link.h"
+#include "support/scratch.h"
+
+using namespace wh;
+using wh::test::ScratchDir;
+
+namespace {
+
+TEST(CommandToPath, TheExamplesOfTheUninstallerAndTheServices) {
+  // A launcher ahead of the real path: the last drive colon wins.
+  EXPECT_EQ("C:\\Apps\\Foo\\log.txt",
+            command_to_path("C:\\WINDOWS\\remove.exe -f \"C:\\Apps\\Foo\\log.txt\""));
+  EXPECT_EQ("C:\\windows\\system32\\svchost.exe",
+            command_to_path("C:\\windows\\system32\\svchost.exe -k netsvcs"));
+  EXPECT_EQ("C:\\windows\\system32\\msiexec.exe", command_to_path("C:\\windows\\system32\\msiexec.exe /V"));
+  // Only the closing quote goes; an opening quote is cut off with what is
+  // ahead of the drive letter, and a quote inside stays.
+  EXPECT_EQ("C:\\Program Files\\App\\app.exe\"",
+            command_to_path("\"C:\\Program Files\\App\\app.exe\" -k"));
+  // The quote is looked at before the blanks are trimmed.
+  EXPECT_EQ("C:\\a b\\c.exe\"", command_to_path("  \"C:\\a b\\c.exe\"  "));
+  EXPECT_EQ("C:\\a b\\c.exe", command_to_path("  \"C:\\a b\\c.exe\""));
+  // No ":\" at all, or nothing ahead of it for a drive letter.
+  EXPECT_EQ("", command_to_path("system32\\drivers\\x.sys"));
+  EXPECT_EQ("", command_to_path(":\\x.exe"));
+  EXPECT_EQ("", command_to_path("\""));
+  EXPECT_EQ("", command_to_path(""));
+}
+
+TEST(CommandToPath, AnUninstallerFolderGivesTheProgramFolderWithAMadeUpFile) {
+  ScratchDir dir("ctp");
+  dir.folder("Foo\\Uninstall");
+  EXPECT_EQ(dir / "Foo\\cucu.exe", command_to_path(dir / "Foo\\Uninstall\\setup.exe /x"));
+  // The folder need not exist: the same text comes out of the last step.
+  EXPECT_EQ("C:\\Gone\\cucu.exe", command_to_path("C:\\Gone\\unins000.exe"));
+  // The marker positions are added up: with two of them the cut lands
+  // inside the uninstaller's own name.
+  EXPECT_EQ("C:\\Apps\\Setup\\1033\\Unins00\\cucu.exe",
+            command_to_path("C:\\Apps\\Setup\\1033\\Unins000.exe"));
+}
+
+TEST(CommandToPath, TheTwoArgumentMarksAreOrNotTheFirstOfThem) {
+  // "/" at 10 and " -" at 12: 10 OR 12 is 14.
+  EXPECT_EQ("C:\\a.exe /b -", command_to_path("C:\\a.exe /b -c"));
+  // A colon that is no drive colon falls back to the first ":\".
+  EXPECT_EQ("C:\\prog.exe http:", command_to_path("C:\\prog.exe http://host"));
+}
+
+TEST(CommandToPath, HostileTextEndsWithoutACrash) {
+  EXPECT_EQ("", command_to_path(std::string(10000, '"')));
+  EXPECT_EQ("", command_to_path(std::string(10000, ':')));
+  const std::string nul_path = std::string("C:\\a\0b.exe", 10);
+  EXPECT_EQ(nul_path, command_to_path(nul_path));
+  std::string long_path = "C:\\" + std::string(10000, 'x') + ".exe -k";
+  EXPECT_EQ(long_path.size() - 3, command_to_path(long_path).size());
+  EXPECT_NO_THROW(command_to_path(std::string(5000, '\0') + ":\\"));
+  EXPECT_NO_THROW(command_to_path("\\UNINS\\SHARED~1\\SETUP\\1033 C:\\"));
+}
+
+TEST(VersionInfo, TheTranslationBytesGiveTheStringTable) {
+  EXPECT_EQ("040904B0", translation_digits(0x09, 0x04, 0xb0, 0x04));
+  EXPECT_EQ("00000000", translation_digits(0, 0, 0, 0));
+}
+
+TEST(VersionInfo, EightStringsOrNothing) {
+  VersionStrings s;
+  s.fill("stale");
+  ASSERT_EQ(1, file_version_info("C:\\wh\\idle_ms.exe", s));
+  EXPECT_EQ((VersionStrings{"Microsoft Corporation", "Idle fixture", "1.2.3.4", "idle", "none",
+                            "idle.exe", "Idle", "1.2"}),
+            s);
+  ASSERT_EQ(1, file_version_info("C:\\wh\\idle_mscorp.exe", s));
+  EXPECT_EQ("microsoft corp", s[0]);
+
+  s.fill("stale");
+  EXPECT_EQ(2, file_version_info("C:\\wh\\idle_plain.exe", s));
+  EXPECT_EQ(VersionStrings{}, s);
+  EXPECT_EQ(2, file_version_info("C:\\wh\\no such file.exe", s));
+}
+
+TEST(Shortcuts, TheTargetOfALinkAndNothingForAnyOtherFile) {
+  ScratchDir dir("shortcuts");
+  const std::string target = dir.file("app.exe", "MZ");
+  ASSERT_EQ(0, shell_link_create(dir / "app.lnk", target, "-quiet"));
+  EXPECT_EQ(target, read_shortcut_target(dir / "app.lnk"));
+  // A link whose target went away still names it.
+  ASSERT_EQ(0, shell_link_create(dir / "gone.lnk", dir / "gone.exe"));
+  EXPECT_EQ(dir / "gone.exe", read_shortcut_target(dir / "gone.lnk"));
+  EXPECT_EQ("", read_shortcut_target(dir.file("plain.txt", "just text")));
+  EXPECT_EQ("", read_shortcut_target(dir / "missing.lnk"));
+}
+
+}  // namespace
