@@ -34,7 +34,9 @@ public:
   bool freeing = false;
   bool scanningdupes = false;
   double totalwaist = 0;
-  int restore_type = 0;
+  int restore_type = 0;   // 1 registry backups listed, 2 service backups
+  uint8_t search_target = 0;  // 1 the search box serves List1, 2 the start-up lists
+  uint8_t startup_tab = 0;    // the start-up list that gets the focus back (1..4)
   // Tick count at which the next timed RAM release is due; 0 unarmed.
   uint32_t next_free_tick = 0;
   std::string current_check_key;  // the junk category last under the mouse

@@ -151,6 +151,8 @@ void ListBox::on_command(int code) {
     fire(Click);
   } else if (code == LBN_DBLCLK) {
     fire(DblClick);
+  } else if (code == LBN_SETFOCUS) {
+    fire(GotFocus);
   }
 }
 

@@ -51,6 +51,7 @@ public:
 
   KeyEvent KeyDown;
   KeyPressEvent KeyPress;
+  Event GotFocus;
 
   void on_command(int code) override;
   bool on_message(UINT msg, WPARAM wp, LPARAM lp, LRESULT& result) override;

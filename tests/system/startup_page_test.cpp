@@ -1,0 +1,496 @@
+// The start-up manager on a small test form, against the prefix's real Run
+// keys, Startup folders, ini files, service keys, repair folder and regedit.
+// Everything a test adds carries "WhTest" or "whtest" and goes again.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "core/globals.h"
+#include "core/routines.h"
+#include "core/settings.h"
+#include "platform/registry.h"
+#include "platform/shell_link.h"
+#include "support/scratch.h"
+#include "support/test_form.h"
+#include "system/startup_page.h"
+#include "ui/ui.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::read_file;
+using wh::test::TestForm;
+using wh::test::write_file;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+const char* const run_services_key = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServices";
+const char* const services = "SYSTEM\\CurrentControlSet\\Services\\";
+const std::string repair = "C:\\windows\\repair";
+
+struct Place4 {
+  HKEY root;
+  const char* key;
+};
+const Place4 run_places[4] = {{HKEY_LOCAL_MACHINE, run_key},
+                              {HKEY_CURRENT_USER, run_key},
+                              {HKEY_LOCAL_MACHINE, run_services_key},
+                              {HKEY_CURRENT_USER, run_services_key}};
+
+void set_sz(HKEY root, const std::string& key, const std::string& name, const std::string& data) {
+  RegKey k;
+  ASSERT_EQ(ERROR_SUCCESS, k.create(root, key));
+  k.set(name, REG_SZ, data + '\0');
+}
+
+bool has_value(HKEY root, const std::string& key, const std::string& name) {
+  RegKey k;
+  if (k.open(root, key) != ERROR_SUCCESS) return false;
+  DWORD type = 0, size = 0;
+  return k.query_size(name, type, size) == ERROR_SUCCESS;
+}
+
+bool has_key(HKEY root, const std::string& key) {
+  RegKey k;
+  return k.open(root, key) == ERROR_SUCCESS;
+}
+
+Texts rows(const ListBox& list) {
+  Texts out;
+  for (int i = 0; i < list.ListCount(); ++i) out.push_back(list.List(i));
+  return out;
+}
+
+Texts ours(const ListBox& list) {
+  Texts out;
+  for (const std::string& r : rows(list))
+    if (r.find("WhTest") != std::string::npos || r.find("whtest") != std::string::npos)
+      out.push_back(r);
+  return out;
+}
+
+int row_of(const ListBox& list, const std::string& text) {
+  for (int i = 0; i < list.ListCount(); ++i)
+    if (list.List(i) == text) return i;
+  return -1;
+}
+
+void select(ListBox& list, const std::string& text) {
+  const int i = row_of(list, text);
+  ASSERT_GE(i, 0) << text;
+  list.Selected(i, true);
+}
+
+Texts files_in(const std::string& folder) {
+  Texts out;
+  WIN32_FIND_DATAA fd;
+  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
+  if (h == INVALID_HANDLE_VALUE) return out;
+  do {
+    std::string n = fd.cFileName;
+    if (n != "." && n != "..") out.push_back(n);
+  } while (FindNextFileA(h, &fd));
+  FindClose(h);
+  std::sort(out.begin(), out.end());
+  return out;
+}
+
+// Waits for something that a started regedit does; regedit is not waited
+// for by the program.
+bool eventually(const std::function<bool()>& done) {
+  for (int i = 0; i < 600; ++i) {
+    if (done()) return true;
+    Sleep(50);
+  }
+  return done();
+}
+
+std::string zone(const std::string& line) { return std::string(14, ' ') + line + "\r\n"; }
+
+class StartupSection : public ::testing::Test {
+protected:
+  void SetUp() override {
+    form.Show();  // entering gives a list the focus
+    save_setting("SEARChtip2", "1");
+    save_setting("Back-upTIP", "1");
+    language_flag = 1;
+    ActiveSection = 0;
+    form.handlers["del_Click"] = [this] { page.del_block(); };
+    form.handlers["ref_Click"] = [this] { page.ref_block(); };
+    form.handlers["hide_section_extras"] = [this] { page.hide_extras(); };
+    had_user_run_services = has_key(HKEY_CURRENT_USER, run_services_key);
+    win_ini = read_file("C:\\windows\\win.ini");
+    system_ini = read_file("C:\\windows\\system.ini");
+    had_wininit = path_exists("C:\\windows\\wininit.ini");
+    wininit_ini = read_file("C:\\windows\\wininit.ini");
+    user_startup = special_folder(7);
+    common_startup = special_folder(24);
+    wipe();
+  }
+  void TearDown() override {
+    wipe();
+    write_file("C:\\windows\\win.ini", win_ini);
+    write_file("C:\\windows\\system.ini", system_ini);
+    if (had_wininit)
+      write_file("C:\\windows\\wininit.ini", wininit_ini);
+    else
+      DeleteFileA("C:\\windows\\wininit.ini");
+    if (!had_user_run_services) reg_delete_tree(HKEY_CURRENT_USER, run_services_key);
+    reg_delete_tree(HKEY_CURRENT_USER, "Software\\Wellharrower");
+  }
+  void wipe() {
+    for (const Place4& p : run_places) {
+      RegKey k;
+      if (k.open(p.root, p.key) != ERROR_SUCCESS) continue;
+      Texts names;
+      RegValue v;
+      for (DWORD i = 0; k.enum_value(i, v) == ERROR_SUCCESS; ++i)
+        if (v.name.find("WhTest") == 0) names.push_back(v.name);
+      for (const std::string& n : names) k.delete_value(n);
+    }
+    reg_delete_value(HKEY_CURRENT_USER, run_key, "");
+    for (const char* s : {"WhTestSvcMs", "WhTestSvcCorp", "WhTestSvcPlain", "WhTestSvcDriver"})
+      reg_delete_tree(HKEY_LOCAL_MACHINE, std::string(services) + s);
+    for (const std::string& folder : {user_startup, common_startup, repair})
+      for (const std::string& f : files_in(folder))
+        if (f.find("WhTest") != std::string::npos || f.find("whtest") != std::string::npos)
+          DeleteFileA((folder + "\\" + f).c_str());
+  }
+  void service(const std::string& name, const std::string& image, const std::string& display,
+               const std::string& description = {}) {
+    const std::string key = services + name;
+    set_sz(HKEY_LOCAL_MACHINE, key, "ImagePath", image);
+    set_sz(HKEY_LOCAL_MACHINE, key, "DisplayName", display);
+    if (!description.empty()) set_sz(HKEY_LOCAL_MACHINE, key, "Description", description);
+  }
+  void write_ini(const std::string& win, const std::string& system_tail,
+                 const std::string& wininit) {
+    write_file("C:\\windows\\win.ini", win);
+    write_file("C:\\windows\\system.ini", system_ini + system_tail);
+    write_file("C:\\windows\\wininit.ini", wininit);
+  }
+
+  TestForm form;
+  StartupPage page{form, form.add<Frame>("search", Place{0, 0, 10, 10})};
+  bool had_user_run_services = false, had_wininit = false;
+  std::string win_ini, system_ini, wininit_ini, user_startup, common_startup;
+};
+
+TEST_F(StartupSection, EverySourceGivesItsRows) {
+  for (int k = 0; k < 4; ++k)
+    set_sz(run_places[k].root, run_places[k].key, "WhTestFoo", "C:\\x\\y" + std::to_string(k + 1) + ".exe");
+  set_sz(HKEY_CURRENT_USER, run_key, "", "C:\\whtest_default.exe");  // the default value
+  {
+    RegKey k;
+    k.create(HKEY_CURRENT_USER, run_key);
+    k.set("WhTestZero", REG_BINARY, std::string());  // no data at all
+  }
+  service("WhTestSvcMs", "C:\\wh\\idle_ms.exe", "WhTest MS");
+  service("WhTestSvcCorp", "C:\\wh\\idle_mscorp.exe -run", "WhTest Corp", "lower-case vendor");
+  service("WhTestSvcPlain", "C:\\wh\\idle_plain.exe /service", "WhTest Plain", "no version");
+  service("WhTestSvcDriver", "system32\\drivers\\whtest.sys", "WhTest Driver");
+  ASSERT_EQ(0, shell_link_create(user_startup + "\\whtest_app.lnk", "C:\\wh\\idle_plain.exe", "-x"));
+  write_file(common_startup + "\\whtest_note.txt", "not a link");
+  write_ini("[windows]\r\nload=whtest_a.exe;whtest_b.exe\r\nrun=whtest_r.exe;\r\n[mail]\r\nmapi=1\r\n",
+            "[boot]\r\nshell=Explorer.exe whtest_shell.exe\r\n",
+            "[Rename]\r\nNUL=C:\\whtest1.txt\r\nNUL=C:\\whtest2.txt\r\n");
+
+  page.enter();
+  EXPECT_EQ(9, ActiveSection);
+  EXPECT_TRUE(page.RUNframe.Visible());
+  EXPECT_TRUE(page.umb_up.Visible());
+
+  EXPECT_EQ((Texts{"WhTestFoo->C:\\x\\y1.exe", "WhTestFoo->C:\\x\\y2.exe",
+                   "WhTestFoo->C:\\x\\y3.exe", "WhTestFoo->C:\\x\\y4.exe"}),
+            ours(page.run_reg));
+  for (long k = 1; k <= 4; ++k)
+    EXPECT_EQ(k, page.run_reg.ItemData(row_of(page.run_reg, "WhTestFoo->C:\\x\\y" +
+                                                                std::to_string(k) + ".exe")));
+  for (const std::string& r : rows(page.run_reg)) {
+    EXPECT_NE(0u, r.find("->")) << "a value with no name has no row";
+    EXPECT_EQ(std::string::npos, r.find("WhTestZero"));
+  }
+  // The prefix's own RunServices value is there too.
+  EXPECT_GE(row_of(page.run_reg, "winemenubuilder->C:\\windows\\system32\\winemenubuilder.exe -a -r"), 0);
+
+  EXPECT_EQ((Texts{"whtest_app.lnk->C:\\wh\\idle_plain.exe", "whtest_note.txt->"}),
+            ours(page.run_folder));
+  EXPECT_EQ(user_startup, page.startup_folders[0]);
+  EXPECT_EQ(common_startup, page.startup_folders[1]);
+
+  EXPECT_EQ((Texts{"whtest_a.exe", "whtest_b.exe", "whtest_r.exe", "", " whtest_shell.exe",
+                   "C:\\whtest1.txt", "C:\\whtest2.txt"}),
+            rows(page.run_ini));
+  EXPECT_EQ(2, page.ini.load_line);
+  EXPECT_EQ(3, page.ini.run_line);
+
+  // "Microsoft" with its capital is left out; "microsoft corp", no version
+  // resource, kept; a path without a drive drops out.
+  EXPECT_EQ((Texts{"WhTest Corp->C:\\wh\\idle_mscorp.exe", "WhTest Plain->C:\\wh\\idle_plain.exe"}),
+            ours(page.run_services));
+  const Texts all = rows(page.run_services);
+  EXPECT_TRUE(std::is_sorted(all.begin(), all.end()));
+  ASSERT_EQ(all.size(), page.startup_services.size());
+  const StartupService& corp =
+      page.startup_services[row_of(page.run_services, "WhTest Corp->C:\\wh\\idle_mscorp.exe")];
+  EXPECT_EQ(std::string(services) + "WhTestSvcCorp", corp.key);
+  EXPECT_EQ("lower-case vendor", corp.description);
+  EXPECT_EQ("microsoft corp", corp.company);
+  const StartupService& plain =
+      page.startup_services[row_of(page.run_services, "WhTest Plain->C:\\wh\\idle_plain.exe")];
+  EXPECT_EQ("", plain.company);
+  EXPECT_EQ("no version", plain.description);
+}
+
+TEST_F(StartupSection, AValueGoesFromAllFourKeysAndTheClosedUmbrellaWritesNothing) {
+  for (const Place4& p : run_places) set_sz(p.root, p.key, "WhTestFoo", "C:\\x\\y.exe");
+  set_sz(HKEY_CURRENT_USER, run_key, "WhTestKeep", "C:\\x\\keep.exe");
+  const Texts before = files_in(repair);
+  page.enter();
+  page.run_reg.Selected(row_of(page.run_reg, "WhTestFoo->C:\\x\\y.exe"), true);
+  page.del_block();
+  for (const Place4& p : run_places) EXPECT_FALSE(has_value(p.root, p.key, "WhTestFoo"));
+  EXPECT_TRUE(has_value(HKEY_CURRENT_USER, run_key, "WhTestKeep"));
+  EXPECT_EQ(before, files_in(repair));
+  EXPECT_EQ(Texts{"WhTestKeep->C:\\x\\keep.exe"}, ours(page.run_reg)) << "scanned again";
+}
+
+TEST_F(StartupSection, TheBackupFileHoldsTheItemLetterForLetter) {
+  EXPECT_EQ(zone("REGEDIT4") +
+                zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
+                zone("\"A\"=\"C:\\\\x\\\\y.exe\""),
+            run_value_backup(1, "A", "C:\\x\\y.exe"));
+  EXPECT_EQ(zone("REGEDIT4") +
+                zone("[HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
+                zone("\"B\"=\"\"C:\\\\p q\\\\r.exe\" -s\""),
+            run_value_backup(2, "B", "\"C:\\p q\\r.exe\" -s"));
+  const std::string services_header =
+      zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run_Services]");
+  EXPECT_EQ(zone("REGEDIT4") + services_header + zone("\"C\"=\"\""), run_value_backup(3, "C", ""));
+  EXPECT_EQ(zone("REGEDIT4") + services_header + zone("\"D\"=\"\\\\\\\\\""),
+            run_value_backup(4, "D", "\\\\"));
+}
+
+TEST_F(StartupSection, AnOpenUmbrellaBacksUpAndRegeditRestores) {
+  set_sz(HKEY_CURRENT_USER, run_key, "WhTestBak", "C:\\x\\y.exe");
+  page.enter();
+  page.Image6_Click(2);  // the panel open on registry backups during the removal
+  page.umb_up_Click();
+  EXPECT_EQ(-1, page.backup_enabled);
+  select(page.run_reg, "WhTestBak->C:\\x\\y.exe");
+  page.del_block();
+  EXPECT_FALSE(has_value(HKEY_CURRENT_USER, run_key, "WhTestBak"));
+  EXPECT_EQ(zone("REGEDIT4") +
+                zone("[HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
+                zone("\"WhTestBak\"=\"C:\\\\x\\\\y.exe\""),
+            read_file(repair + "\\(WhTestBak).reg"));
+  // The panel was read again, not closed.
+  EXPECT_TRUE(page.backupitems.Visible());
+  EXPECT_EQ(1, form.restore_type);
+  EXPECT_EQ("Restore registry", page.Label27.Caption());
+  const int row = row_of(page.List6, "WhTestBak");
+  ASSERT_GE(row, 0);
+  EXPECT_EQ("(WhTestBak).reg", page.k1.List(page.List6.ItemData(row)));
+
+  page.List6.ListIndex(row);
+  page.Image8_Click(1);
+  EXPECT_TRUE(eventually([] { return has_value(HKEY_CURRENT_USER, run_key, "WhTestBak"); }));
+  EXPECT_EQ("C:\\x\\y.exe", reg_get_value(HKEY_CURRENT_USER, run_key, "WhTestBak"));
+  EXPECT_TRUE(path_exists(repair + "\\(WhTestBak).reg")) << "a restore keeps its file";
+
+  // Forget: the row goes, the file stays and is listed again next time.
+  page.List6.ListIndex(row_of(page.List6, "WhTestBak"));
+  page.Image8_Click(0);
+  EXPECT_LT(row_of(page.List6, "WhTestBak"), 0);
+  EXPECT_TRUE(path_exists(repair + "\\(WhTestBak).reg"));
+  page.Image6_Click(2);  // the same picture closes the panel
+  EXPECT_FALSE(page.backupitems.Visible());
+  page.Image6_Click(2);
+  EXPECT_GE(row_of(page.List6, "WhTestBak"), 0);
+}
+
+TEST_F(StartupSection, ABackupThatCannotBeWrittenEndsTheProgramAndKeepsTheValue) {
+  set_sz(HKEY_CURRENT_USER, run_key, "WhTest/Slash", "C:\\x\\y.exe");
+  page.enter();
+  page.umb_up_Click();
+  select(page.run_reg, "WhTest/Slash->C:\\x\\y.exe");
+  ScriptedDialogs boxes;
+  EndHook end;
+  page.run_reg.send(WM_KEYDOWN, VK_DELETE);  // the user's Delete key
+  ASSERT_EQ(1u, boxes.count());
+  EXPECT_EQ(0u, boxes.last().text.find("Run-time error '"));
+  EXPECT_EQ(unsigned(MB_OK | MB_ICONSTOP), boxes.last().style);
+  EXPECT_EQ(1, end.calls());
+  EXPECT_TRUE(has_value(HKEY_CURRENT_USER, run_key, "WhTest/Slash"));
+}
+
+TEST_F(StartupSection, IniItemsAreCutOutOfTheirLines) {
+  write_ini("[windows]\r\nload=whtest_both.exe;whtest_k.exe\r\nrun=whtest_both.exe\r\n"
+            "device=a,b\r\n",
+            "[boot]\r\nshell=Explorer.exe whtest_shell.exe\r\n",
+            "[Rename]\r\nNUL=C:\\whtest1.txt\r\nNUL=C:\\whtest2.txt\r\n");
+  page.enter();
+  // A row in both lines goes from both; the two items' load line keeps no
+  // separator, the shell line falls back to Explorer alone, one NUL goes.
+  select(page.run_ini, "whtest_both.exe");
+  select(page.run_ini, " whtest_shell.exe");
+  select(page.run_ini, "C:\\whtest1.txt");
+  page.del_block();
+  // The comma of "device" made two records, and two lines they stay.
+  EXPECT_EQ("[windows]\r\nload=whtest_k.exe\r\nrun=\r\ndevice=a\r\nb\r\n",
+            read_file("C:\\windows\\win.ini"));
+  const std::string system = read_file("C:\\windows\\system.ini");
+  EXPECT_NE(std::string::npos, system.find("[boot]\r\nshell=Explorer.exe\r\n"));
+  EXPECT_EQ("[Rename]\r\nNUL=C:\\whtest2.txt\r\n", read_file("C:\\windows\\wininit.ini"));
+  for (const char* tmp : {"win.ini.tmp", "system.ini.tmp", "wininit.ini.tmp"})
+    EXPECT_FALSE(path_exists(std::string("C:\\windows\\") + tmp));
+  EXPECT_EQ((Texts{"whtest_k.exe", "C:\\whtest2.txt"}), rows(page.run_ini));
+}
+
+TEST_F(StartupSection, TheOnlyLoadItemLeavesAnEmptyLoadLine) {
+  write_ini("load=whtest_only.exe\r\nrun=whtest_a.exe;whtest_b.exe;whtest_c.exe\r\n", "", "");
+  page.enter();
+  select(page.run_ini, "whtest_only.exe");
+  select(page.run_ini, "whtest_c.exe");
+  page.del_block();
+  EXPECT_EQ("load=\r\nrun=whtest_a.exe;whtest_b.exe;\r\n", read_file("C:\\windows\\win.ini"));
+  EXPECT_EQ((Texts{"whtest_a.exe", "whtest_b.exe", ""}), rows(page.run_ini));
+}
+
+TEST_F(StartupSection, AStartupFileGoesFromBothFolders) {
+  write_file(user_startup + "\\whtest_twice.txt", "1");
+  write_file(common_startup + "\\whtest_twice.txt", "2");
+  write_file(common_startup + "\\whtest_stay.txt", "3");
+  page.enter();
+  EXPECT_EQ((Texts{"whtest_twice.txt->", "whtest_stay.txt->", "whtest_twice.txt->"}),
+            ours(page.run_folder));
+  page.run_folder.Selected(row_of(page.run_folder, "whtest_twice.txt->"), true);
+  page.del_block();
+  EXPECT_FALSE(path_exists(user_startup + "\\whtest_twice.txt"));
+  EXPECT_FALSE(path_exists(common_startup + "\\whtest_twice.txt"));
+  EXPECT_EQ(Texts{"whtest_stay.txt->"}, ours(page.run_folder));
+}
+
+TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndItsKeyRemoved) {
+  const std::string key = std::string(services) + "WhTestSvcPlain";
+  service("WhTestSvcPlain", "C:\\wh\\idle_plain.exe", "WhTest Plain");
+  reg_set_value(HKEY_LOCAL_MACHINE, key + "\\Parameters", "x", "1");
+  page.enter();
+  page.umb_up_Click();
+  select(page.run_services, "WhTest Plain->C:\\wh\\idle_plain.exe");
+
+  // regedit runs beside the program and mostly finds the key gone: keep a
+  // bare key (no ImagePath, no subkeys) coming back until it has exported.
+  std::atomic<bool> stop{false};
+  std::thread keeper([&] {
+    while (!stop) {
+      HKEY k = nullptr;
+      RegCreateKeyA(HKEY_LOCAL_MACHINE, key.c_str(), &k);
+      RegCloseKey(k);
+      Sleep(2);
+    }
+  });
+  page.del_block();
+  const bool exported = eventually([&] { return path_exists(repair + "\\WhTest Plain.reg"); });
+  stop = true;
+  keeper.join();
+  EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, key, "ImagePath"));
+  EXPECT_FALSE(has_key(HKEY_LOCAL_MACHINE, key + "\\Parameters"));
+  EXPECT_EQ(Texts{}, ours(page.run_services));
+  ASSERT_TRUE(exported);
+  const std::string bytes = read_file(repair + "\\WhTest Plain.reg");
+  std::string text;  // UTF-16 as regedit writes it, narrowed
+  for (size_t i = 2; i + 1 < bytes.size(); i += 2) text += bytes[i];
+  EXPECT_NE(std::string::npos, text.find("WhTestSvcPlain"));
+
+  // It is a service backup, not a registry one.
+  page.Image6_Click(4);
+  EXPECT_GE(row_of(page.List6, "WhTest Plain"), 0);
+  page.Image6_Click(2);
+  EXPECT_LT(row_of(page.List6, "WhTest Plain"), 0);
+}
+
+TEST_F(StartupSection, TheTwoBackupFamiliesNeverMix) {
+  write_file(repair + "\\(WhTestA).reg", "REGEDIT4\r\n");
+  write_file(repair + "\\WhTestB.reg", "REGEDIT4\r\n");
+  page.enter();
+  page.Image6_Click(2);
+  EXPECT_TRUE(page.backupitems.Visible());
+  EXPECT_EQ(Texts{"WhTestA"}, ours(page.List6));
+  page.Image6_Click(4);
+  EXPECT_TRUE(page.backupitems.Visible()) << "the other picture switches the list";
+  EXPECT_EQ("Restore services", page.Label27.Caption());
+  EXPECT_EQ(2, form.restore_type);
+  EXPECT_EQ(Texts{"WhTestB"}, ours(page.List6));
+  for (int i = 0; i < page.List6.ListCount(); ++i)
+    EXPECT_EQ(page.List6.List(i) + ".reg", page.k1.List(page.List6.ItemData(i)));
+  page.Image6_Click(4);
+  EXPECT_FALSE(page.backupitems.Visible());
+}
+
+TEST_F(StartupSection, KeysClicksAndTheSearch) {
+  set_sz(HKEY_CURRENT_USER, run_key, "WhTestFind", "C:\\x\\find.exe");
+  write_file(user_startup + "\\whtest_find.txt", "1");
+  page.enter();
+  form.calls.clear();
+  int del = VK_DELETE;
+  page.run_folder.KeyDown(del, 0);
+  EXPECT_EQ(Texts{"del_Click"}, form.calls);
+  fire(page.run_ini.DblClick);
+  EXPECT_EQ((Texts{"del_Click", "del_Click"}), form.calls);
+
+  int f = 'F';
+  page.search.Visible(false);
+  page.run_reg.KeyDown(f, 2);
+  EXPECT_TRUE(page.search.Visible());
+  EXPECT_EQ(2, form.search_target);
+  page.run_reg.KeyDown(f, 2);
+  EXPECT_FALSE(page.search.Visible());
+
+  page.search_select("wht");
+  EXPECT_EQ(2, page.search_hits()) << "a Run row and a Startup file";
+  EXPECT_TRUE(page.run_reg.Selected(row_of(page.run_reg, "WhTestFind->C:\\x\\find.exe")));
+  page.search_select("wh");
+  EXPECT_EQ(0, page.search_hits());
+
+  // The one-time tip of the lists.
+  save_setting("SEARChtip2", "");
+  fire(page.run_services.Click);
+  EXPECT_TRUE(form.quicktip.Visible());
+  EXPECT_EQ(0u, form.quicktiptext.Caption().find("You can easily search/select items"));
+  EXPECT_EQ("1", setting("SEARChtip2"));
+}
+
+TEST_F(StartupSection, TheUmbrellaTellsWhatAClickWouldDo) {
+  auto line = [&](int row) {
+    std::string s = form.lcd.Line(row);
+    while (!s.empty() && s.back() == ' ') s.pop_back();
+    return s;
+  };
+  save_setting("Back-upTIP", "");
+  page.umb_up_MouseMove();
+  EXPECT_EQ("Enable backup for", line(1));
+  EXPECT_EQ("  registry and", line(2));
+  EXPECT_EQ("   services", line(3));
+  EXPECT_EQ("UMBRELLA", form.lighton);
+  EXPECT_EQ(0u, form.quicktiptext.Caption().find("When the umbrella is open"));
+  form.quicktip.Visible(false);
+  page.umb_up_MouseMove();
+  EXPECT_FALSE(form.quicktip.Visible()) << "once in the user's life";
+
+  page.umb_up_Click();
+  form.lighton = "MAINU";
+  language_flag = 2;
+  page.umb_up_MouseMove();
+  EXPECT_EQ("Dezactiveaza backup", line(1));
+  EXPECT_EQ(" pentru registru si", line(2));
+}
+
+}  // namespace
