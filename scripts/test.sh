@@ -10,7 +10,8 @@ BUILD_DIR=$build bash "$here/scripts/build.sh"
 . "$here/scripts/wine-env.sh"
 trap wh_cleanup EXIT
 wh_display
-wh_new_prefix "$build/wineprefix"
+wh_use_prefix "$build/wineprefix" "$build/xdg"
+wh_new_prefix
 # No window manager: Wine would otherwise wait up to two seconds for one each
 # time a shown window of the tests goes away.
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
