@@ -111,7 +111,6 @@ int shred_own(const std::string& folder, int64_t mb) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  wh::mainu();  // the progress box the shredder draws on
   const std::string first = argc > 1 ? argv[1] : "C:\\";
   const DWORD a = GetFileAttributesA(first.c_str());
   if (a != INVALID_FILE_ATTRIBUTES && !(a & FILE_ATTRIBUTE_DIRECTORY))
