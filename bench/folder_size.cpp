@@ -1,7 +1,11 @@
 // Folder.Size against a plain recursive FindFirstFileA walk.
-// Makes a tree of small files on the current drive, sizes it both ways a few
-// times, prints the best time of each and their ratio, removes the tree.
-//   bench_folder_size [files_per_folder] [folders]
+//   bench_folder_size TREE                 sizes an existing tree (bench/run.sh
+//                                          makes it and times du on it)
+//   bench_folder_size [files] [folders]    makes its own tree of small files
+//                                          on the current drive, removes it after
+// Each way runs once to warm the caches, then the best of five rounds is
+// printed with their ratio, and "figure folder_size <ms> ms" (Folder.Size)
+// and "figure plain_walk <ms> ms".
 #include <windows.h>
 
 #include "bench_clock.h"
@@ -45,19 +49,11 @@ void write_small(const std::string& path, int n) {
   CloseHandle(h);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  int per_folder = argc > 1 ? std::atoi(argv[1]) : 100;
-  int folders = argc > 2 ? std::atoi(argv[2]) : 40;
-  std::string root = wh::current_drive_root();
-  if (root.empty()) root = "C:\\";
-  std::string tree = root + "wh_bench_folder_size";
+// Two levels, so that the walk has to descend.
+void make_tree(const std::string& tree, int per_folder, int folders) {
   auto& fso = wh::file_system();
   fso.DeleteFolder(tree, true);
   fso.CreateFolder(tree);
-
-  // Two levels, so that the walk has to descend.
   int n = 0;
   for (int f = 0; f < folders; ++f) {
     std::string sub = tree + "\\d" + std::to_string(f % 8);
@@ -67,13 +63,32 @@ int main(int argc, char** argv) {
     for (int i = 0; i < per_folder; ++i) write_small(sub + "\\f" + std::to_string(i) + ".dat", n++);
   }
   std::printf("tree: %s, %d files in %d folders\n", tree.c_str(), n, folders);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  auto& fso = wh::file_system();
+  std::string tree;
+  const bool given = argc > 1 && fso.FolderExists(argv[1]);
+  if (given) {
+    tree = argv[1];
+  } else {
+    std::string root = wh::current_drive_root();
+    if (root.empty()) root = "C:\\";
+    tree = root + "wh_bench_folder_size";
+    make_tree(tree, argc > 1 ? std::atoi(argv[1]) : 100, argc > 2 ? std::atoi(argv[2]) : 40);
+  }
 
   wh::Folder folder;
   if (fso.GetFolder(tree, folder) != 0) {
     std::printf("cannot open the tree\n");
     return 1;
   }
-  double best_fso = 1e300, best_plain = 1e300, size_fso = 0, size_plain = 0;
+  double size_fso = 0, size_plain = 0;
+  folder.Size(size_fso);  // warm: both walks then find the tree in the caches
+  size_plain = plain_walk(tree);
+  double best_fso = 1e300, best_plain = 1e300;
   for (int round = 0; round < 5; ++round) {
     double t0 = now_ms();
     folder.Size(size_fso);
@@ -87,7 +102,9 @@ int main(int argc, char** argv) {
   std::printf("FindFirstFileA  %10.0f bytes %9.2f ms\n", size_plain, best_plain);
   std::printf("ratio plain / Folder.Size: %.2f%s\n", best_fso > 0 ? best_plain / best_fso : 0.0,
               size_fso == size_plain ? "" : "  (sizes differ!)");
+  std::printf("figure folder_size %.3f ms\n", best_fso);
+  std::printf("figure plain_walk %.3f ms\n", best_plain);
 
-  fso.DeleteFolder(tree, true);
+  if (!given) fso.DeleteFolder(tree, true);
   return size_fso == size_plain ? 0 : 1;
 }

@@ -1,12 +1,17 @@
-// Shredding throughput against a plain sequential write of the same size on
-// the same disk: one pass over a 256 MB file each. A shred ends by deleting
-// the file, so the fair baseline is a plain write followed by a delete;
-// the bare write is shown too. Prints MB/s and the ratio.
-//   bench_shred_throughput [folder] [megabytes]
+// Shredding throughput: one pass over a 256 MB file.
+//   bench_shred_throughput FILE...          shreds the given files, one pass
+//                                           each (bench/run.sh makes them and
+//                                           times native tools on the same disk)
+//   bench_shred_throughput [FOLDER] [MB]    makes its own file in FOLDER (C:\)
+//                                           and compares with plain writes
+// A shred ends by deleting the file, so the fair baseline inside Wine is a
+// plain write followed by a delete; the bare write is shown too. Prints
+// "figure shred_file <seconds> s", the best time of one shred_file call.
 #include <windows.h>
 
 #include "bench_clock.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -30,11 +35,42 @@ bool plain_write(const std::string& path, int64_t bytes, char fill) {
   return true;
 }
 
-}  // namespace
+// Seconds one shred_file call takes, or a negative number when `path` is no
+// file to shred.
+double timed_shred(const std::string& path) {
+  DWORD a = GetFileAttributesA(path.c_str());
+  if (a == INVALID_FILE_ATTRIBUTES || (a & FILE_ATTRIBUTE_DIRECTORY)) return -1;
+  const double t0 = bench::seconds();
+  wh::shred_file(path, 1, true);  // overwrites, renames and deletes
+  const double t = bench::seconds() - t0;
+  // shred_file stays silent when it fails; a file still there means it did.
+  return GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES ? t : -1;
+}
 
-int main(int argc, char** argv) {
-  std::string folder = argc > 1 ? argv[1] : "C:\\";
-  int64_t mb = argc > 2 ? std::atoll(argv[2]) : 256;
+int64_t file_bytes(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA d;
+  if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &d)) return -1;
+  return (static_cast<int64_t>(d.nFileSizeHigh) << 32) | d.nFileSizeLow;
+}
+
+int shred_given(int count, char** files) {
+  double best = 1e300;
+  for (int i = 0; i < count; ++i) {
+    const int64_t bytes = file_bytes(files[i]);
+    const double t = timed_shred(files[i]);
+    if (bytes < 0 || t < 0) {
+      std::printf("cannot shred %s\n", files[i]);
+      return 1;
+    }
+    std::printf("%s: %.1f MB in %.3f s, %.1f MB/s\n", files[i], bytes / 1048576.0, t,
+                bytes / 1048576.0 / t);
+    best = std::min(best, t);
+  }
+  std::printf("figure shred_file %.6f s\n", best);
+  return 0;
+}
+
+int shred_own(const std::string& folder, int64_t mb) {
   const int64_t bytes = mb << 20;
   std::string path = folder + (folder.back() == '\\' ? "" : "\\") + "wh_bench_shred.bin";
 
@@ -53,9 +89,12 @@ int main(int argc, char** argv) {
   const double plain_delete = bench::seconds() - t0;
   plain_write(path, bytes, 'x');
 
-  t0 = bench::seconds();
-  wh::shred_file(path, 1, true);  // overwrites, renames and deletes
-  const double shred = bench::seconds() - t0;
+  const double shred = timed_shred(path);
+  DeleteFileA(path.c_str());
+  if (shred < 0) {
+    std::printf("cannot shred %s\n", path.c_str());
+    return 1;
+  }
 
   const double plain_rate = static_cast<double>(mb) / plain;
   const double baseline_rate = static_cast<double>(mb) / plain_delete;
@@ -65,6 +104,16 @@ int main(int argc, char** argv) {
   std::printf("write + delete   %8.1f MB/s\n", baseline_rate);
   std::printf("shred, one pass  %8.1f MB/s\n", shred_rate);
   std::printf("ratio            %8.2f (shred / write + delete)\n", shred_rate / baseline_rate);
-  DeleteFileA(path.c_str());
+  std::printf("figure shred_file %.6f s\n", shred);
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string first = argc > 1 ? argv[1] : "C:\\";
+  const DWORD a = GetFileAttributesA(first.c_str());
+  if (a != INVALID_FILE_ATTRIBUTES && !(a & FILE_ATTRIBUTE_DIRECTORY))
+    return shred_given(argc - 1, argv + 1);
+  return shred_own(first, argc > 2 ? std::atoll(argv[2]) : 256);
 }

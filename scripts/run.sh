@@ -11,9 +11,10 @@ if [ -z "${DISPLAY:-}" ]; then
   exit 1
 fi
 . "$here/scripts/wine-env.sh"
-# A prefix of its own that is kept between runs, so settings survive.
-export WINEPREFIX=$build/run-prefix
-[ -d "$WINEPREFIX/drive_c" ] || wh_new_prefix "$WINEPREFIX"
+# A prefix of its own that is kept between runs, so settings survive; its
+# recycle bin is kept beside it, in run-xdg.
+wh_use_prefix "$build/run-prefix" "$build/run-xdg"
+[ -d "$WINEPREFIX/drive_c" ] || wh_new_prefix
 mkdir -p "$WINEPREFIX/drive_c/Wellharrower"
 cp "$build/bin/Wellharrower.exe" "$WINEPREFIX/drive_c/Wellharrower/"
 exec "$WINE64" 'C:\Wellharrower\Wellharrower.exe' "$@"

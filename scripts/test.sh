@@ -7,10 +7,43 @@ build=${BUILD_DIR:-$here/build}
 bash "$here/scripts/deps.sh"
 BUILD_DIR=$build bash "$here/scripts/build.sh"
 
+# The host's own trash, as it is before Wine's is moved into the build tree.
+host_trash=${XDG_DATA_HOME:-$HOME/.local/share}/Trash
 . "$here/scripts/wine-env.sh"
-trap wh_cleanup EXIT
+
+marker= made_dirs=()
+cleanup() {
+  wh_cleanup
+  if [ -n "$marker" ]; then
+    rm -f "$marker" "$host_trash/info/$(basename "$marker").trashinfo"
+  fi
+  local d
+  for d in "${made_dirs[@]}"; do rmdir "$d" 2>/dev/null || true; done
+}
+trap cleanup EXIT
+trap 'exit 130' INT TERM HUP
+
+# Makes a folder and its missing parents, noting each one made (deepest
+# first) so that cleanup removes only those, and only while empty.
+mkdir_noted() {
+  local d=$1 missing=()
+  while [ ! -d "$d" ]; do missing=("$d" "${missing[@]}"); d=$(dirname "$d"); done
+  for d in "${missing[@]}"; do mkdir "$d" && made_dirs=("$d" "${made_dirs[@]}"); done
+}
+
+# A marker in the host's trash, as a trashed file with its .trashinfo: a bin
+# that reached the host's trash would count it and empty it (a file without
+# one is invisible to Wine). The platform tests check that it survives.
+mkdir_noted "$host_trash/files"
+mkdir_noted "$host_trash/info"
+marker=$(mktemp "$host_trash/files/wellharrower-test-marker.XXXXXXXX")
+printf '[Trash Info]\nPath=%s\nDeletionDate=%s\n' "$build/$(basename "$marker")" \
+  "$(date +%Y-%m-%dT%H:%M:%S)" >"$host_trash/info/$(basename "$marker").trashinfo"
+export WH_HOST_TRASH_MARKER=$marker
+
 wh_display
-wh_new_prefix "$build/wineprefix"
+wh_use_prefix "$build/wineprefix" "$build/xdg"
+wh_new_prefix
 # No window manager: Wine would otherwise wait up to two seconds for one each
 # time a shown window of the tests goes away.
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1

@@ -1,8 +1,13 @@
-# Sourced by run.sh and test.sh: a throwaway Wine prefix and a display.
-#   wh_new_prefix DIR   makes a fresh prefix in DIR, without Z: and without
-#                       links from the user folders into the host's home.
-#   wh_display          starts Xvfb when DISPLAY is unset.
-#   wh_cleanup          stops the wineserver and the Xvfb started here.
+# Sourced by run.sh, test.sh and bench/run.sh: a Wine prefix cut off from the
+# host, and a display.
+#   wh_use_prefix DIR XDG  points WINEPREFIX at DIR and the folders Wine
+#                          shares with the desktop at XDG; call it before any
+#                          Wine process starts.
+#   wh_new_prefix          wipes both and makes a fresh prefix, without Z:
+#                          and without links from the user folders into the
+#                          host's home.
+#   wh_display             starts Xvfb when DISPLAY is unset.
+#   wh_cleanup             stops the wineserver and the Xvfb started here.
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml="
 WINE64=/usr/lib/wine/wine64
@@ -11,6 +16,7 @@ WINESERVER=/usr/lib/wine/wineserver64
 [ -x "$WINESERVER" ] || WINESERVER=$(command -v wineserver)
 wh_xvfb_pid=
 wh_server_pid=
+wh_xdg=
 
 wh_display() {
   [ -n "${DISPLAY:-}" ] && return 0
@@ -23,14 +29,32 @@ wh_display() {
   echo "Xvfb did not start" >&2; return 1
 }
 
-wh_new_prefix() {
+wh_use_prefix() {
   export WINEPREFIX=$1
-  rm -rf "$WINEPREFIX"
-  mkdir -p "$(dirname "$WINEPREFIX")"
+  wh_xdg=$2
+  # Wine's recycle bin IS the desktop's trash, $XDG_DATA_HOME/Trash: left
+  # alone, emptying the bin empties the user's own trash. winemenubuilder
+  # writes menu entries, icons and file types under $XDG_DATA_HOME and
+  # $XDG_CONFIG_HOME. Every Wine process reads these when it starts, and the
+  # helpers (services, winemenubuilder) inherit them from the first one. The
+  # bin moves files in by rename, so XDG stays on the prefix's file system.
+  export XDG_DATA_HOME=$wh_xdg/data XDG_CONFIG_HOME=$wh_xdg/config
+  mkdir -p "$XDG_DATA_HOME" "$XDG_CONFIG_HOME"
+}
+
+wh_new_prefix() {
+  if [ -z "$wh_xdg" ] || [ -z "${WINEPREFIX:-}" ]; then
+    echo "wh_new_prefix: call wh_use_prefix first" >&2; return 1
+  fi
+  # A new prefix starts with an empty bin.
+  rm -rf "$WINEPREFIX" "$wh_xdg"
+  mkdir -p "$(dirname "$WINEPREFIX")" "$XDG_DATA_HOME" "$XDG_CONFIG_HOME"
   "$WINE64" wineboot -i >/dev/null 2>&1
   "$WINESERVER" -w
   # No way back to the host: drop Z: and the shell folders that Wine links
   # into $HOME (Desktop, Documents ...), leaving plain empty folders.
+  # winemenubuilder puts desktop launchers into the Desktop folder, so they
+  # stay in the prefix too.
   rm -f "$WINEPREFIX/dosdevices/z:"
   local l
   find "$WINEPREFIX/drive_c/users" -maxdepth 3 -type l | while read -r l; do

@@ -1,0 +1,140 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs the benchmark programs under Wine
+# against native Linux tools, on the same data in the same folder of a
+# throwaway prefix (C:\wh\bench\ = build/bench-prefix/drive_c/wh/bench/).
+# Prints one line per figure:
+#   name: ratio X (ours A unit, anchor B unit)
+# Every figure is a time, and ratio = ours / anchor: 1.00 is as fast as the
+# anchor, 2.00 takes twice as long. Each side is the best of a few warm runs.
+# The programs' own, longer reports are kept in build/bench-logs/.
+set -euo pipefail
+export LC_ALL=C  # one decimal point for bash's clock, awk and the programs
+here=$(cd "$(dirname "$0")/.." && pwd)
+build=${BUILD_DIR:-$here/build}
+rounds=3
+benches=(bench_shred_throughput bench_folder_size bench_lcd_write)
+bash "$here/scripts/deps.sh"
+BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
+
+. "$here/scripts/wine-env.sh"
+data=
+cleanup() {
+  wh_cleanup
+  # The 256 MB files go as they are used; the tree stays only for the run.
+  [ -z "$data" ] || rm -rf "$data"
+}
+trap cleanup EXIT
+trap 'exit 130' INT TERM HUP
+wh_display
+wh_use_prefix "$build/bench-prefix" "$build/bench-xdg"
+wh_new_prefix
+# No window manager: see test.sh.
+"$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
+mkdir -p "$WINEPREFIX/drive_c/wh"
+for b in "${benches[@]}"; do cp "$build/bin/$b.exe" "$WINEPREFIX/drive_c/wh/"; done
+wh_start_server
+data=$WINEPREFIX/drive_c/wh/bench
+logs=$build/bench-logs
+mkdir -p "$data" "$logs"
+
+# Best time in microseconds of `rounds` runs of a command, after `setup` (a
+# command, not timed) before each run. The clock is bash's own
+# EPOCHREALTIME, read in place: no process or subshell start is timed.
+best_us() {
+  local setup=$1 best= t0 t i
+  shift
+  for ((i = 0; i < rounds; i++)); do
+    $setup || return 1
+    t0=${EPOCHREALTIME//[!0-9]/}
+    "$@" || return 1
+    t=${EPOCHREALTIME//[!0-9]/}
+    t=$((t - t0))
+    if [ -z "$best" ] || [ "$t" -lt "$best" ]; then best=$t; fi
+  done
+  echo "$best"
+}
+
+# Runs a program in the prefix. Its output goes through a file: Wine's
+# helper processes inherit stdout and outlive it, so a pipe would never close.
+run_wine() {
+  local name=$1 log=$logs/$1.txt
+  shift
+  if ! "$WINE64" "C:\\wh\\$name.exe" "$@" >"$log" 2>&1 </dev/null; then
+    echo "bench: $name failed:" >&2
+    cat "$log" >&2
+    return 1
+  fi
+  sed -i 's/\r$//' "$log"
+}
+
+# The value of "figure NAME VALUE UNIT" in a program's log.
+figure() {
+  local v
+  v=$(awk -v n="$2" '$1 == "figure" && $2 == n { print $3 }' "$logs/$1.txt")
+  [ -n "$v" ] || { echo "bench: $1 printed no figure $2" >&2; return 1; }
+  echo "$v"
+}
+
+# report NAME OURS ANCHOR UNIT DECIMALS
+report() {
+  awk -v n="$1" -v a="$2" -v b="$3" -v u="$4" -v d="$5" 'BEGIN {
+    printf "%s: ratio %.2f (ours %.*f %s, anchor %.*f %s)\n", n, a / b, d, a, u, d, b, u }'
+}
+
+nothing() { :; }
+
+# --- shred_file, one pass over 256 MB, against dd and GNU shred -------------
+mb=256
+dir=$data/shred
+mkdir -p "$dir"
+fill() { dd if=/dev/zero of="$1" bs=1M count=$mb conv=fsync status=none; }
+ours_files=()
+for ((i = 1; i <= rounds; i++)); do
+  fill "$dir/ours$i.bin"
+  ours_files+=("C:\\wh\\bench\\shred\\ours$i.bin")
+done
+sync
+run_wine bench_shred_throughput "${ours_files[@]}"
+if [ -n "$(ls -A "$dir")" ]; then
+  echo "bench: shred_file left files behind in $dir: $(ls "$dir")" >&2
+  exit 1
+fi
+ours=$(figure bench_shred_throughput shred_file)
+
+# A shred ends by deleting the file: the plain write is timed with its rm.
+dd_write() { fill "$dir/dd.bin" && rm -f "$dir/dd.bin"; }
+dd_us=$(best_us nothing dd_write)
+report "shred_file vs dd" "$ours" "$(awk -v t="$dd_us" 'BEGIN { print t / 1e6 }')" s 3
+
+gnu_fill() { fill "$dir/gnu.bin"; sync; }
+gnu_us=$(best_us gnu_fill shred -n1 -u "$dir/gnu.bin")
+report "shred_file vs shred -n1 -u" "$ours" "$(awk -v t="$gnu_us" 'BEGIN { print t / 1e6 }')" s 3
+
+# --- Folder.Size of 50,000 files against du -sb -----------------------------
+# 500 folders of 100 files, two levels deep, 1 to 700 bytes each.
+tree=$data/tree
+make_tree() {
+  local f i n=0 sub pad
+  printf -v pad '%700s' ''
+  pad=${pad// /x}
+  for ((f = 0; f < 500; f++)); do
+    sub=$tree/d$((f % 8))/e$f
+    mkdir -p "$sub"
+    for ((i = 0; i < 100; i++)); do
+      printf '%s' "${pad:0:n % 700 + 1}" >"$sub/f$i.dat"
+      n=$((n + 1))
+    done
+  done
+}
+make_tree
+run_wine bench_folder_size 'C:\wh\bench\tree'  # warms itself
+ours=$(figure bench_folder_size folder_size)
+du_sb() { du -sb "$tree" >/dev/null; }
+du_sb  # warm
+du_us=$(best_us nothing du_sb)
+report "Folder.Size vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
+
+# --- one LCD hover on screen against FillRect + TextOutA (both in Wine) -----
+run_wine bench_lcd_write
+report "LCD hover vs FillRect+TextOutA" "$(figure bench_lcd_write lcd_hover_screen)" \
+  "$(figure bench_lcd_write fill_textout_screen)" us 1
