@@ -160,10 +160,6 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel)
   Image6_4.LoadPicture("RESTORE_SERVICES");
   Image8_0.LoadPicture("BACKUP_FORGET");
   Image8_1.LoadPicture("BACKUP_RESTORE");
-  for (Label* l : {&reg_title, &folder_title, &ini_title, &services_title}) {
-    l->transparent(true);
-    l->ForeColor(skin::text_color);
-  }
   captions(1);
 
   ListBox* lists[4] = {&run_reg, &run_folder, &run_ini, &run_services};
@@ -263,7 +259,7 @@ void StartupPage::scan_startup() {
         if (found[a].text > found[b].text) std::swap(found[a], found[b]);
     startup_services = std::move(found);
     run_services.Clear();
-    for (const StartupService& s : startup_services) run_services.AddItem(s.text);
+    for (const StartupService& s : startup_services) list_add_wide(run_services, s.text);
   }
 
   run_reg.Clear();
@@ -285,8 +281,8 @@ void StartupPage::scan_startup() {
       if (data_length > sizeof data) data_length = sizeof data;
       if (data_length > 0 && name_length > 0) {
         std::string text(reinterpret_cast<const char*>(data), data_length - 1);
-        run_reg.AddItem(std::string(name, name_length) + "->" + text);
-        run_reg.ItemData(run_reg.NewIndex(), k);
+        list_add_wide(run_reg, std::string(name, name_length) + "->" + text);
+        run_reg.ItemData(run_reg.ListCount() - 1, k);
       }
     }
     reg_close_key(key);
@@ -306,7 +302,7 @@ void StartupPage::scan_startup() {
     k2.Refresh();
     for (int i = 0; i < k2.ListCount(); ++i) {
       const std::string file = k2.List(i);
-      run_folder.AddItem(file + "->" + read_shortcut_target(folder + "\\" + file));
+      list_add_wide(run_folder, file + "->" + read_shortcut_target(folder + "\\" + file));
     }
   }
 
@@ -324,7 +320,7 @@ void StartupPage::scan_ini_startup() {
   records("\\win.ini", read_win_ini);
   records("\\system.ini", read_system_ini);
   records("\\wininit.ini", read_wininit_ini);
-  for (const std::string& row : ini_rows(ini)) run_ini.AddItem(row);
+  for (const std::string& row : ini_rows(ini)) list_add_wide(run_ini, row);
 }
 
 // --- removal
@@ -561,7 +557,7 @@ void StartupPage::run_services_MouseMove(int y) {
       row >= 0 && static_cast<size_t>(row) < startup_services.size()
           ? startup_services[row].description + " (" + startup_services[row].company + ")"
           : std::string();
-  services_tip = tip;
+  run_services.ToolTipText(tip);
 }
 
 void StartupPage::search_tip() {

@@ -61,6 +61,7 @@ public:
   void Image6_Click(int Index);
   void Image8_Click(int Index);
   void run_services_KeyDown(int& key, int shift);
+  // The tool tip of the row under the pointer: its description and company.
   void run_services_MouseMove(int y);
   // Text6's search over run_services, run_reg and run_folder: rows that hold
   // the text (3 characters at least) are selected, the others not.
@@ -74,7 +75,6 @@ public:
   std::vector<StartupService> startup_services;
   std::array<std::string, 2> startup_folders;  // the user's, the common one
   IniStartup ini;
-  std::string services_tip;  // the tool tip of run_services under the pointer
 
 private:
   void remove_run_values();

@@ -145,6 +145,31 @@ int ListBox::TopIndex() const { return static_cast<int>(send(LB_GETTOPINDEX)); }
 
 void ListBox::TopIndex(int index) { send(LB_SETTOPINDEX, index); }
 
+void ListBox::ToolTipText(const std::string& text) {
+  if (text == tip_text_ && tip_window_) return;
+  tip_text_ = text;
+  TOOLINFOA ti{};
+  ti.cbSize = TTTOOLINFOA_V1_SIZE;
+  ti.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  ti.hwnd = hwnd();
+  ti.uId = reinterpret_cast<UINT_PTR>(hwnd());
+  ti.lpszText = tip_text_.data();
+  if (!tip_window_) {
+    static const bool ready = [] {
+      INITCOMMONCONTROLSEX icc{sizeof icc, ICC_WIN95_CLASSES};
+      return ::InitCommonControlsEx(&icc) != FALSE;
+    }();
+    (void)ready;
+    tip_window_ = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
+                                    WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd(), nullptr,
+                                    ::GetModuleHandleA(nullptr), nullptr);
+    ::SendMessageA(tip_window_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&ti));
+  } else {
+    ::SendMessageA(tip_window_, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&ti));
+  }
+}
+
 void ListBox::on_command(int code) {
   if (code == LBN_SELCHANGE) {
     current_set_ = true;

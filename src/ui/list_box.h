@@ -49,6 +49,10 @@ public:
   MultiSelect multi_select() const { return options_.multi_select; }
   bool sorted() const { return options_.sorted; }
 
+  // The tool tip shown while the pointer rests on the list; "" shows none.
+  std::string ToolTipText() const { return tip_text_; }
+  void ToolTipText(const std::string& text);
+
   KeyEvent KeyDown;
   KeyPressEvent KeyPress;
   Event GotFocus;
@@ -69,7 +73,9 @@ protected:
   int new_index_ = -1;
 
 private:
-  bool current_set_ = false;  // multi-select: a row got the focus rectangle
+  bool current_set_ = false;
+  HWND tip_window_ = nullptr;  // made on the first text, owned by the list
+  std::string tip_text_;  // multi-select: a row got the focus rectangle
 };
 
 }  // namespace wh
