@@ -17,6 +17,7 @@ Mainu::Mainu()
                 .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
       search(add<Frame>("search", at(skin::strip_panel))),
       frame1(add<Frame>("frame1", at(skin::strip_panel))),
+      Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
       uninstall_page(*this, search),
       task_page(*this, frame1),
       split_page(*this),
@@ -25,7 +26,7 @@ Mainu::Mainu()
       shred_page(*this),
       options(*this),
       junk_page(*this, frame1),
-      startup_page(*this, search),
+      startup_page(*this, search, Text6),
       duplicates_page(*this) {
   search.Visible(false);
   frame1.Visible(false);
@@ -53,6 +54,9 @@ Mainu::Mainu()
   delall.Click = [this] { delall_Click(); };
   ref.Click = [this] { ref_Click(); };
   Command1.Click = [this] { Command1_Click(); };
+  Text6.Change = [this] { Text6_Change(); };
+  Text6.KeyPress = [this](int& ascii) { Text6_KeyPress(ascii); };
+  Text6.KeyDown = [this](int& key, int shift) { Text6_KeyDown(key, shift); };
   Timer3.Tick = [this] { Timer3_Timer(); };
 
   // No caption, yet the taskbar can minimise and restore it: that takes a

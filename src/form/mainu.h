@@ -87,6 +87,12 @@ public:
   // Panels that two sections share.
   Frame& search;  // sections 1 and 9
   Frame& frame1;  // sections 2 and 8
+  TextBox& Text6;  // the search text, in `search`
+
+  // --- the search box (search.cpp): it serves List1 or the start-up lists
+  void Text6_Change();
+  void Text6_KeyPress(int& ascii);
+  void Text6_KeyDown(int& key, int shift);
 
   // The sections, in their order.
   UninstallPage uninstall_page;

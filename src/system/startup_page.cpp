@@ -122,7 +122,7 @@ void delete_key_tree(HKEY root, const std::string& key) {
   reg_delete_key(root, key);
 }
 
-StartupPage::StartupPage(MainForm& form, Frame& search_panel)
+StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_text)
     : RUNframe(form.add<Frame>("RUNframe", page_place())),
       reg_title(form.add<Label>("reg_title", title_place(0, 0, &RUNframe))),
       folder_title(form.add<Label>("folder_title", title_place(1, 0, &RUNframe))),
@@ -147,6 +147,7 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel)
       k2(form.add<FileListBox>("k2", Place{0, 0, 10, 10})),
       umb_up(form.add<ImageButton>("umb_up", extra_place(3))),
       search(search_panel),
+      Text6(search_text),
       form_(form) {
   RUNframe.Visible(false);
   RUNframe.ZOrder(0);  // over the lists that sit on the form itself
@@ -536,6 +537,8 @@ void StartupPage::run_services_KeyDown(int& key, int shift) {
     if (!search.Visible()) {
       form_.search_target = 2;
       search.Visible(true);
+      Text6.Text("");
+      Text6.SetFocus();
     } else {
       search.Visible(false);
     }

@@ -22,8 +22,9 @@ struct StartupService {
 
 class StartupPage {
 public:
-  // `search` is the search panel that the uninstall section shares.
-  StartupPage(MainForm& form, Frame& search);
+  // `search` is the search panel that the uninstall section shares, with
+  // its text box Text6.
+  StartupPage(MainForm& form, Frame& search, TextBox& Text6);
 
   Frame& RUNframe;  // the page
   Label& reg_title;
@@ -45,6 +46,7 @@ public:
   FileListBox& k2;        // a Startup folder during the scan, never shown
   ImageButton& umb_up;    // element 0 of its array
   Frame& search;
+  TextBox& Text6;
 
   void enter();  // RUN_Click
   void del_block();

@@ -178,7 +178,9 @@ protected:
   }
 
   TestForm form;
-  StartupPage page{form, form.add<Frame>("search", Place{0, 0, 10, 10})};
+  Frame& search = form.add<Frame>("search", Place{0, 0, 250, 42});
+  TextBox& Text6 = form.add<TextBox>("Text6", Place{8, 12, 234, 22, &search});
+  StartupPage page{form, search, Text6};
   bool had_user_run_services = false, had_wininit = false;
   std::string win_ini, system_ini, wininit_ini, user_startup, common_startup;
 };
@@ -463,9 +465,12 @@ TEST_F(StartupSection, KeysClicksAndTheSearch) {
 
   int f = 'F';
   page.search.Visible(false);
+  Text6.Text("old");
   page.run_reg.KeyDown(f, 2);
   EXPECT_TRUE(page.search.Visible());
   EXPECT_EQ(2, form.search_target);
+  EXPECT_EQ("", Text6.Text());
+  EXPECT_EQ(Text6.hwnd(), GetFocus());
   page.run_reg.KeyDown(f, 2);
   EXPECT_FALSE(page.search.Visible());
 
