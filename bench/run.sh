@@ -12,7 +12,7 @@ export LC_ALL=C  # one decimal point for bash's clock, awk and the programs
 here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
-benches=(bench_shred_throughput bench_folder_size bench_lcd_write)
+benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records)
 bash "$here/scripts/deps.sh"
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
@@ -138,3 +138,16 @@ report "Folder.Size vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1
 run_wine bench_lcd_write
 report "LCD hover vs FillRect+TextOutA" "$(figure bench_lcd_write lcd_hover_screen)" \
   "$(figure bench_lcd_write fill_textout_screen)" us 1
+
+# --- the ini record reader on a 200,000-line win.ini against awk ------------
+# Lines of an ini file with commas and quoted records, CR LF ends; awk cuts
+# the same text at commas and line ends (without the quote rules).
+ini=$data/big.ini
+awk 'BEGIN { for (i = 0; i < 200000; i++)
+  printf "load=C:\\Apps\\p%d.exe;x.exe,\"C:\\q %d\\r.exe\",tail%d\r\n", i, i, i }' >"$ini"
+run_wine bench_ini_records 'C:\wh\bench\big.ini'
+ours=$(figure bench_ini_records ini_records)
+awk_cut() { awk 'BEGIN { RS = "[,\r\n]+" } END { print NR }' "$ini" >/dev/null; }
+awk_cut  # warm
+awk_us=$(best_us nothing awk_cut)
+report "ini records vs awk" "$ours" "$(awk -v t="$awk_us" 'BEGIN { print t / 1e3 }')" ms 1

@@ -1,9 +1,22 @@
 #include "system/startup_ini.h"
 
+#include <array>
+
 namespace wh {
 
-std::vector<std::string> read_records(std::string_view text) {
-  std::vector<std::string> out;
+namespace {
+// The characters that end an unquoted record.
+constexpr auto separator = [] {
+  std::array<bool, 256> t{};
+  t[','] = t['\r'] = t['\n'] = true;
+  return t;
+}();
+}  // namespace
+
+Records read_records(std::string_view text) {
+  Records out;
+  // Ini lines are short: one guess saves most regrowths on a big file.
+  out.reserve(text.size() / 24 + 1);
   size_t i = 0;
   const size_t n = text.size();
   auto line_end = [&](size_t at) { return text[at] == '\r' || text[at] == '\n'; };
@@ -13,21 +26,22 @@ std::vector<std::string> read_records(std::string_view text) {
   };
   while (i < n) {
     while (i < n && (text[i] == ' ' || text[i] == '\t')) ++i;
-    std::string record;
+    std::string_view record;
     if (i < n && text[i] == '"') {
       size_t stop = i + 1;
       while (stop < n && text[stop] != '"' && !line_end(stop)) ++stop;
-      record.assign(text.substr(i + 1, stop - i - 1));
+      record = text.substr(i + 1, stop - i - 1);
       i = stop;
       if (i < n && text[i] == '"') ++i;
       while (i < n && text[i] != ',' && !line_end(i)) ++i;  // lost behind the quote
     } else {
       const size_t start = i;
-      while (i < n && text[i] != ',' && !line_end(i)) ++i;
-      record.assign(text.substr(start, i - start));
-      while (!record.empty() && (record.back() == ' ' || record.back() == '\t')) record.pop_back();
+      while (i < n && !separator[static_cast<unsigned char>(text[i])]) ++i;
+      record = text.substr(start, i - start);
+      while (!record.empty() && (record.back() == ' ' || record.back() == '\t'))
+        record.remove_suffix(1);
     }
-    out.push_back(std::move(record));
+    out.push_back(record);
     if (i >= n) break;
     if (text[i] == ',') {
       ++i;
@@ -70,36 +84,39 @@ std::vector<std::string> split_items(const std::string& text) {
 }
 
 namespace {
-bool starts_with(const std::string& s, std::string_view head) {
-  return s.compare(0, head.size(), head) == 0;
+bool starts_with(std::string_view s, std::string_view head) {
+  return s.substr(0, head.size()) == head;
 }
 }  // namespace
 
-void read_win_ini(const std::vector<std::string>& records, IniStartup& ini) {
+void read_win_ini(const Records& records, IniStartup& ini) {
   int16_t counter = 0;
-  for (const std::string& r : records) {
+  for (std::string_view r : records) {
     ++counter;
     if (starts_with(r, "load=")) {
-      ini.load_items = split_items(r.substr(5));
+      ini.load_items = split_items(std::string(r.substr(5)));
       ini.load_line = counter;
     }
     if (starts_with(r, "run=")) {
-      ini.run_items = split_items(r.substr(4));
+      ini.run_items = split_items(std::string(r.substr(4)));
       ini.run_line = counter;
     }
   }
 }
 
-void read_system_ini(const std::vector<std::string>& records, IniStartup& ini) {
+void read_system_ini(const Records& records, IniStartup& ini) {
   static constexpr std::string_view shell = "shell=Explorer.exe";
-  for (const std::string& r : records)
+  for (std::string_view r : records)
     if (starts_with(r, shell) && r.size() > shell.size()) ini.shell_tail = r.substr(shell.size());
 }
 
-void read_wininit_ini(const std::vector<std::string>& records, IniStartup& ini) {
+void read_wininit_ini(const Records& records, IniStartup& ini) {
   std::string all;
-  for (const std::string& r : records)
-    if (starts_with(r, "NUL=")) all += r.substr(4) + ";";
+  for (std::string_view r : records) {
+    if (!starts_with(r, "NUL=")) continue;
+    all += r.substr(4);
+    all += ';';
+  }
   ini.nul_items = split_items(all);
 }
 

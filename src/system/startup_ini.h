@@ -12,8 +12,10 @@ namespace wh {
 // LF) or at a comma; leading blanks are skipped, trailing ones dropped, and
 // a record that starts with a quote runs to the closing quote, which is
 // removed with the opening one (what follows up to the separator is lost).
-// An empty line is an empty record.
-std::vector<std::string> read_records(std::string_view text);
+// An empty line is an empty record. The records are views into `text`,
+// which must outlive them.
+using Records = std::vector<std::string_view>;
+Records read_records(std::string_view text);
 
 // The records written back, each followed by CR LF.
 std::string write_records(const std::vector<std::string>& records);
@@ -32,9 +34,9 @@ struct IniStartup {
   std::vector<std::string> nul_items;   // every "NUL=" of wininit.ini
 };
 
-void read_win_ini(const std::vector<std::string>& records, IniStartup& ini);
-void read_system_ini(const std::vector<std::string>& records, IniStartup& ini);
-void read_wininit_ini(const std::vector<std::string>& records, IniStartup& ini);
+void read_win_ini(const Records& records, IniStartup& ini);
+void read_system_ini(const Records& records, IniStartup& ini);
+void read_wininit_ini(const Records& records, IniStartup& ini);
 
 // The rows of run_ini: load items, run items (empty ones too), the shell
 // tail when there is one, the NUL items that are not empty.

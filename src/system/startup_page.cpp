@@ -72,11 +72,12 @@ template <class Edit>
 void rewrite_ini(const char* name, Edit edit) {
   const std::string file = ini_path(name);
   const std::string tmp = file + ".tmp";
-  std::vector<std::string> records;
-  ignore_errors([&] { records = read_records(read_text(file)); });
+  std::string text;
+  ignore_errors([&] { text = read_text(file); });
+  const Records records = read_records(text);
   std::vector<std::string> out;
   for (size_t i = 0; i < records.size(); ++i) {
-    std::string r = records[i];
+    std::string r(records[i]);
     if (edit(static_cast<int>(i + 1), r)) out.push_back(r);
   }
   ignore_errors([&] { write_text(tmp, write_records(out)); });
@@ -316,7 +317,10 @@ void StartupPage::scan_ini_startup() {
   auto records = [&](const char* name, auto read) {
     const std::string path = ini_path(name);
     if (!fso.FileExists(path)) return;
-    ignore_errors([&] { read(read_records(read_text(path)), ini); });
+    ignore_errors([&] {
+      const std::string text = read_text(path);
+      read(read_records(text), ini);
+    });
   };
   records("\\win.ini", read_win_ini);
   records("\\system.ini", read_system_ini);

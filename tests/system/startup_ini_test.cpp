@@ -9,29 +9,36 @@ using Texts = std::vector<std::string>;
 
 namespace {
 
+// The records as texts of their own.
+Texts records(std::string_view text) {
+  Texts out;
+  for (std::string_view r : read_records(text)) out.emplace_back(r);
+  return out;
+}
+
 TEST(Records, EndAtLineEndsAndCommasAndLoseTheirQuotes) {
   EXPECT_EQ((Texts{"[windows]", "load=a.exe;b.exe", "run=c.exe"}),
-            read_records("[windows]\r\nload=a.exe;b.exe\r\nrun=c.exe\r\n"));
+            records("[windows]\r\nload=a.exe;b.exe\r\nrun=c.exe\r\n"));
   // A comma splits a line in two; the quotes around a record go, and what
   // follows a closing quote up to the separator is lost.
-  EXPECT_EQ((Texts{"run=x.exe", "y.exe"}), read_records("run=x.exe, y.exe\r\n"));
-  EXPECT_EQ((Texts{"C:\\a b\\c.exe", "next"}), read_records("\"C:\\a b\\c.exe\" tail\nnext"));
+  EXPECT_EQ((Texts{"run=x.exe", "y.exe"}), records("run=x.exe, y.exe\r\n"));
+  EXPECT_EQ((Texts{"C:\\a b\\c.exe", "next"}), records("\"C:\\a b\\c.exe\" tail\nnext"));
   // A quote that is not the first character stays.
-  EXPECT_EQ((Texts{"run=\"C:\\p.exe\""}), read_records("run=\"C:\\p.exe\"\r\n"));
+  EXPECT_EQ((Texts{"run=\"C:\\p.exe\""}), records("run=\"C:\\p.exe\"\r\n"));
   // Empty lines are empty records; a lone CR or LF ends a record too;
   // blanks around an unquoted record go.
-  EXPECT_EQ((Texts{"a", "", "b", "c"}), read_records("a\r\n\r\nb\rc"));
-  EXPECT_EQ((Texts{"shell=Explorer.exe"}), read_records("  shell=Explorer.exe  \r\n"));
-  EXPECT_EQ((Texts{"a", ""}), read_records("a,\r\n"));
-  EXPECT_EQ(Texts{}, read_records(""));
+  EXPECT_EQ((Texts{"a", "", "b", "c"}), records("a\r\n\r\nb\rc"));
+  EXPECT_EQ((Texts{"shell=Explorer.exe"}), records("  shell=Explorer.exe  \r\n"));
+  EXPECT_EQ((Texts{"a", ""}), records("a,\r\n"));
+  EXPECT_EQ(Texts{}, records(""));
 }
 
 TEST(Records, HostileTextReadsWithoutACrash) {
-  EXPECT_EQ(Texts{""}, read_records("\""));
-  EXPECT_EQ(Texts(3, ""), read_records("\"\"\r\n\"\r\n\""));
+  EXPECT_EQ(Texts{""}, records("\""));
+  EXPECT_EQ(Texts(3, ""), records("\"\"\r\n\"\r\n\""));
   EXPECT_EQ(10001u, read_records(std::string(10000, ',')).size());
-  EXPECT_EQ((Texts{std::string("a\0b", 3)}), read_records(std::string("a\0b", 3)));
-  EXPECT_EQ(1u, read_records(std::string(10000, 'x')).size());
+  EXPECT_EQ((Texts{std::string("a\0b", 3)}), records(std::string("a\0b", 3)));
+  EXPECT_EQ(1u, records(std::string(10000, 'x')).size());
 }
 
 TEST(Records, WrittenBackOneToALine) {
