@@ -456,6 +456,12 @@ TEST_F(StartupSection, KeysClicksAndTheSearch) {
   set_sz(HKEY_CURRENT_USER, run_key, "WhTestFind", "C:\\x\\find.exe");
   write_file(user_startup + "\\whtest_find.txt", "1");
   page.enter();
+  page.run_folder.SetFocus();
+  EXPECT_EQ(2, form.startup_tab);
+  page.run_services.SetFocus();
+  EXPECT_EQ(4, form.startup_tab);
+  page.focus_by_tab();
+  EXPECT_EQ(page.run_services.hwnd(), GetFocus());
   form.calls.clear();
   int del = VK_DELETE;
   page.run_folder.KeyDown(del, 0);
