@@ -279,20 +279,12 @@ TEST_F(StartupSection, AValueGoesFromAllFourKeysAndTheClosedUmbrellaWritesNothin
   EXPECT_EQ(Texts{"WhTestKeep->C:\\x\\keep.exe"}, ours(page.run_reg)) << "scanned again";
 }
 
-TEST_F(StartupSection, TheBackupFileHoldsTheItemLetterForLetter) {
-  EXPECT_EQ(zone("REGEDIT4") +
-                zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
-                zone("\"A\"=\"C:\\\\x\\\\y.exe\""),
-            run_value_backup(1, "A", "C:\\x\\y.exe"));
-  EXPECT_EQ(zone("REGEDIT4") +
-                zone("[HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
-                zone("\"B\"=\"\"C:\\\\p q\\\\r.exe\" -s\""),
-            run_value_backup(2, "B", "\"C:\\p q\\r.exe\" -s"));
-  const std::string services_header =
+TEST(StartupBackup, QuotesStayAndBothRunServicesKeysGoToTheMachine) {
+  const std::string header =
       zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run_Services]");
-  EXPECT_EQ(zone("REGEDIT4") + services_header + zone("\"C\"=\"\""), run_value_backup(3, "C", ""));
-  EXPECT_EQ(zone("REGEDIT4") + services_header + zone("\"D\"=\"\\\\\\\\\""),
-            run_value_backup(4, "D", "\\\\"));
+  EXPECT_EQ(zone("REGEDIT4") + header + zone("\"B\"=\"\"C:\\\\p q\\\\r.exe\" -s\""),
+            run_value_backup(3, "B", "\"C:\\p q\\r.exe\" -s"));
+  EXPECT_EQ(zone("REGEDIT4") + header + zone("\"D\"=\"\\\\\\\\\""), run_value_backup(4, "D", "\\\\"));
 }
 
 TEST_F(StartupSection, AnOpenUmbrellaBacksUpAndRegeditRestores) {
@@ -452,9 +444,7 @@ TEST_F(StartupSection, TheTwoBackupFamiliesNeverMix) {
   EXPECT_FALSE(page.backupitems.Visible());
 }
 
-TEST_F(StartupSection, KeysClicksAndTheSearch) {
-  set_sz(HKEY_CURRENT_USER, run_key, "WhTestFind", "C:\\x\\find.exe");
-  write_file(user_startup + "\\whtest_find.txt", "1");
+TEST_F(StartupSection, KeysClicksAndFocus) {
   page.enter();
   page.run_folder.SetFocus();
   EXPECT_EQ(2, form.startup_tab);
@@ -480,43 +470,6 @@ TEST_F(StartupSection, KeysClicksAndTheSearch) {
   page.run_reg.KeyDown(f, 2);
   EXPECT_FALSE(page.search.Visible());
 
-  page.search_select("wht");
-  EXPECT_EQ(2, page.search_hits()) << "a Run row and a Startup file";
-  EXPECT_TRUE(page.run_reg.Selected(row_of(page.run_reg, "WhTestFind->C:\\x\\find.exe")));
-  page.search_select("wh");
-  EXPECT_EQ(0, page.search_hits());
-
-  // The one-time tip of the lists.
-  save_setting("SEARChtip2", "");
-  fire(page.run_services.Click);
-  EXPECT_TRUE(form.quicktip.Visible());
-  EXPECT_EQ(0u, form.quicktiptext.Caption().find("You can easily search/select items"));
-  EXPECT_EQ("1", setting("SEARChtip2"));
-}
-
-TEST_F(StartupSection, TheUmbrellaTellsWhatAClickWouldDo) {
-  auto line = [&](int row) {
-    std::string s = form.lcd.Line(row);
-    while (!s.empty() && s.back() == ' ') s.pop_back();
-    return s;
-  };
-  save_setting("Back-upTIP", "");
-  page.umb_up_MouseMove();
-  EXPECT_EQ("Enable backup for", line(1));
-  EXPECT_EQ("  registry and", line(2));
-  EXPECT_EQ("   services", line(3));
-  EXPECT_EQ("UMBRELLA", form.lighton);
-  EXPECT_EQ(0u, form.quicktiptext.Caption().find("When the umbrella is open"));
-  form.quicktip.Visible(false);
-  page.umb_up_MouseMove();
-  EXPECT_FALSE(form.quicktip.Visible()) << "once in the user's life";
-
-  page.umb_up_Click();
-  form.lighton = "MAINU";
-  language_flag = 2;
-  page.umb_up_MouseMove();
-  EXPECT_EQ("Dezactiveaza backup", line(1));
-  EXPECT_EQ(" pentru registru si", line(2));
 }
 
 }  // namespace
