@@ -150,4 +150,9 @@ LONG RegKey::create(HKEY hive, const std::string& subkey) {
   return r;
 }
 
+LONG reg_enum_value(HKEY key, DWORD index, char* name, DWORD& name_size, DWORD& type,
+                    BYTE* data, DWORD& data_size) {
+  return ::RegEnumValueA(key, index, name, &name_size, nullptr, &type, data, &data_size);
+}
+
 }  // namespace wh

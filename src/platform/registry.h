@@ -55,6 +55,10 @@ struct RegValue {
 };
 // RegEnumValueA by index, name and raw data; grows its buffers as needed.
 LONG reg_enum_value(HKEY key, DWORD index, RegValue& value);
+// RegEnumValueA into the caller's buffers, exactly as the API does it: the
+// sizes go in as the buffers' and come back as the API sets them.
+LONG reg_enum_value(HKEY key, DWORD index, char* name, DWORD& name_size, DWORD& type,
+                    BYTE* data, DWORD& data_size);
 
 // RegDeleteKeyA: the key must have no subkeys on NT.
 LONG reg_delete_key(HKEY key, const std::string& subkey);

@@ -73,7 +73,8 @@ void rewrite_ini(const char* name, Edit edit) {
   const std::string file = ini_path(name);
   const std::string tmp = file + ".tmp";
   std::string text;
-  ignore_errors([&] { text = read_text(file); });
+  // A file that went away since the scan is not made again, empty.
+  if (ignore_errors([&] { text = read_text(file); }) != 0) return;
   const Records records = read_records(text);
   std::vector<std::string> out;
   for (size_t i = 0; i < records.size(); ++i) {
@@ -275,8 +276,7 @@ void StartupPage::scan_startup() {
       char name[255] = {};
       BYTE data[255] = {};
       DWORD name_length = sizeof name, data_length = sizeof data, type = 0;
-      const LONG r = ::RegEnumValueA(key, index, name, &name_length, nullptr, &type, data,
-                                     &data_length);
+      const LONG r = reg_enum_value(key, index, name, name_length, type, data, data_length);
       if (r == ERROR_NO_MORE_ITEMS) break;
       // Any other failure counts as a value: a long one shows what fitted.
       if (name_length > sizeof name) name_length = 0;
@@ -552,14 +552,9 @@ void StartupPage::run_services_KeyDown(int& key, int shift) {
 void StartupPage::run_services_MouseMove(int y) {
   // The row under the pointer from the height of a sample text in the
   // list's font.
-  HDC dc = ::GetDC(run_services.hwnd());
-  HGDIOBJ old = ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(run_services.send(WM_GETFONT)));
-  SIZE size{};
-  ::GetTextExtentPoint32A(dc, "Xyz", 3, &size);
-  ::SelectObject(dc, old);
-  ::ReleaseDC(run_services.hwnd(), dc);
-  if (size.cy <= 0) return;
-  const int row = run_services.TopIndex() + y / size.cy;
+  const int height = run_services.TextHeight("Xyz");
+  if (height <= 0) return;
+  const int row = run_services.TopIndex() + y / height;
   const std::string tip =
       row >= 0 && static_cast<size_t>(row) < startup_services.size()
           ? startup_services[row].description + " (" + startup_services[row].company + ")"

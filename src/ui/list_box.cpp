@@ -145,6 +145,16 @@ int ListBox::TopIndex() const { return static_cast<int>(send(LB_GETTOPINDEX)); }
 
 void ListBox::TopIndex(int index) { send(LB_SETTOPINDEX, index); }
 
+int ListBox::TextHeight(const std::string& text) const {
+  HDC dc = ::GetDC(hwnd());
+  HGDIOBJ old = ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(send(WM_GETFONT)));
+  SIZE size{};
+  ::GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+  ::SelectObject(dc, old);
+  ::ReleaseDC(hwnd(), dc);
+  return size.cy;
+}
+
 void ListBox::ToolTipText(const std::string& text) {
   if (text == tip_text_ && tip_window_) return;
   tip_text_ = text;

@@ -49,6 +49,9 @@ public:
   MultiSelect multi_select() const { return options_.multi_select; }
   bool sorted() const { return options_.sorted; }
 
+  // Height in pixels of a text in the list's font.
+  int TextHeight(const std::string& text) const;
+
   // The tool tip shown while the pointer rests on the list; "" shows none.
   std::string ToolTipText() const { return tip_text_; }
   void ToolTipText(const std::string& text);

@@ -252,17 +252,13 @@ TEST_F(StartupSection, EverySourceGivesItsRows) {
 
   // The tool tip follows the row under the pointer, measured in the
   // height of "Xyz" in the list's font.
-  HDC dc = GetDC(page.run_services.hwnd());
-  HGDIOBJ old = SelectObject(dc, reinterpret_cast<HGDIOBJ>(page.run_services.send(WM_GETFONT)));
-  SIZE xyz{};
-  GetTextExtentPoint32A(dc, "Xyz", 3, &xyz);
-  SelectObject(dc, old);
-  ReleaseDC(page.run_services.hwnd(), dc);
+  const int height = page.run_services.TextHeight("Xyz");
+  ASSERT_GT(height, 0);
   const int corp_row = row_of(page.run_services, "WhTest Corp->C:\\wh\\idle_mscorp.exe");
   page.run_services.TopIndex(corp_row);
-  page.run_services_MouseMove((corp_row - page.run_services.TopIndex()) * xyz.cy + 1);
+  page.run_services_MouseMove((corp_row - page.run_services.TopIndex()) * height + 1);
   EXPECT_EQ("lower-case vendor (microsoft corp)", page.run_services.ToolTipText());
-  page.run_services_MouseMove(xyz.cy * 1000);
+  page.run_services_MouseMove(height * 1000);
   EXPECT_EQ("", page.run_services.ToolTipText()) << "past the last row";
 }
 
