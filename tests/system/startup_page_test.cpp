@@ -189,6 +189,7 @@ TEST_F(StartupSection, EverySourceGivesItsRows) {
   for (int k = 0; k < 4; ++k)
     set_sz(run_places[k].root, run_places[k].key, "WhTestFoo", "C:\\x\\y" + std::to_string(k + 1) + ".exe");
   set_sz(HKEY_CURRENT_USER, run_key, "", "C:\\whtest_default.exe");  // the default value
+  set_sz(HKEY_CURRENT_USER, run_key, "WhTestLong", "C:\\" + std::string(300, 'l') + ".exe");
   {
     RegKey k;
     k.create(HKEY_CURRENT_USER, run_key);
@@ -209,6 +210,8 @@ TEST_F(StartupSection, EverySourceGivesItsRows) {
   EXPECT_TRUE(page.RUNframe.Visible());
   EXPECT_TRUE(page.umb_up.Visible());
 
+  // Data longer than the 255-character buffer fail the walk's call (Wine
+  // then gives no row), and the walk goes on: the key's other values stay.
   EXPECT_EQ((Texts{"WhTestFoo->C:\\x\\y1.exe", "WhTestFoo->C:\\x\\y2.exe",
                    "WhTestFoo->C:\\x\\y3.exe", "WhTestFoo->C:\\x\\y4.exe"}),
             ours(page.run_reg));
