@@ -288,4 +288,111 @@ TEST_F(SplitSection, HoveringCheck9WritesItsHelpOnceOnTheWay) {
   EXPECT_EQ("", trimmed_line(form, 1)) << "not written again while lighton holds the key";
 }
 
+// Boxes answered OK; when the box asks for the next disk, the test takes
+// the disk out: A:'s contents move to a folder of their own.
+class DiskSwapper : public DialogService {
+public:
+  explicit DiskSwapper(const ScratchDir& dir) : dir_(dir) {}
+  int msg_box(const std::string& text, unsigned style, const std::string&) override {
+    boxes.push_back({text, style});
+    if (text.rfind("Remove the disk", 0) == 0) {
+      const std::string disk = dir_.folder("disk" + std::to_string(++disks));
+      for (const std::string& n : on_a())
+        MoveFileA(("A:\\" + n).c_str(), (disk + "\\" + n).c_str());
+    }
+    return IDOK;
+  }
+  static std::vector<std::string> on_a() {
+    std::vector<std::string> out;
+    WIN32_FIND_DATAA fd;
+    HANDLE h = FindFirstFileA("A:\\*", &fd);
+    if (h == INVALID_HANDLE_VALUE) return out;
+    do {
+      std::string n = fd.cFileName;
+      if (n != "." && n != "..") out.push_back(n);
+    } while (FindNextFileA(h, &fd));
+    FindClose(h);
+    std::sort(out.begin(), out.end());
+    return out;
+  }
+  std::vector<std::pair<std::string, unsigned>> boxes;
+  int disks = 0;
+
+private:
+  const ScratchDir& dir_;
+  DialogScope scope_{*this};
+};
+
+class Spanning : public SplitSection {
+protected:
+  void SetUp() override {
+    ASSERT_TRUE(path_exists("A:\\")) << "the test prefix maps A: to a folder";
+    clear_a();
+    SplitSection::SetUp();
+  }
+  void TearDown() override {
+    clear_a();
+    SplitSection::TearDown();
+  }
+  static void clear_a() {
+    for (const std::string& n : DiskSwapper::on_a()) test::remove_tree("A:\\" + n);
+  }
+  void split_to_floppies(const std::string& file, const std::string& megabytes) {
+    page.calefisier.Caption(file);
+    page.Option2.Value(true);
+    page.size.Text(megabytes);
+    page.Check8.Value(1);
+    page.del_block();
+  }
+};
+
+TEST_F(Spanning, ThreeFragmentsGoOneToADiskAndTheBatchFileToTheLast) {
+  ScratchDir dir("split_page_span");
+  const std::string content = std::string(12000, 'x') + std::string(13000, 'y');
+  const std::string file = dir.file("src\\movie.avi", content);
+  DiskSwapper swapper(dir);
+  split_to_floppies(file, "0.01");  // 10486-byte fragments: three
+
+  ASSERT_EQ(2, swapper.disks);
+  const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
+  EXPECT_EQ(content.substr(0, 10486), test::read_file(dir / "disk1\\" + base + ".001"));
+  EXPECT_EQ(content.substr(10486, 10486), test::read_file(dir / "disk2\\" + base + ".002"));
+  EXPECT_FALSE(path_exists(dir / "disk1\\merge(movie.avi).bat"));
+  EXPECT_FALSE(path_exists(dir / "disk2\\merge(movie.avi).bat"));
+  EXPECT_EQ((std::vector<std::string>{"merge(movie.avi).bat", base + ".003"}), DiskSwapper::on_a());
+  EXPECT_EQ(content.substr(2 * 10486), test::read_file("A:\\" + base + ".003"));
+  // The fragments left the source's folder; the batch file was copied.
+  EXPECT_FALSE(path_exists(dir / "src\\" + base + ".001"));
+  EXPECT_TRUE(path_exists(dir / "src\\merge(movie.avi).bat"));
+
+  std::vector<std::string> texts;
+  for (const auto& b : swapper.boxes) texts.push_back(b.first);
+  ASSERT_EQ(5u, texts.size());
+  EXPECT_EQ(0u, texts[0].find("Split completed successfully."));
+  EXPECT_EQ("You need 3 formatted floppy disks.\r\n"
+            "If they are not formatted Wellharrower will format them for you\r\n"
+            "Please insert the first disk and then press OK.",
+            texts[1]);
+  EXPECT_EQ("Remove the disk in the floppy drive,insert next disk and press OK.", texts[2]);
+  EXPECT_EQ(texts[2], texts[3]);
+  EXPECT_EQ("All fragments have been copied on floppy disks\r\n"
+            "To unsplit the file,copy all fragments in the same directory and run "
+            "merge(movie.avi).bat",
+            texts[4]);
+  EXPECT_EQ("file path", page.calefisier.Caption());
+}
+
+TEST_F(Spanning, AnExactDivisionCountsTooManyDisksAndTheCountWrapsToNoDisk) {
+  ScratchDir dir("split_page_span_exact");
+  // 64 KiB fragments: 4 exactly, announced as 262144, which is 0 in 16 bits.
+  const std::string file = dir.file("src\\exact.bin", std::string(4 * 65536, 'e'));
+  DiskSwapper swapper(dir);
+  split_to_floppies(file, "0.0625");
+  ASSERT_EQ(2u, swapper.boxes.size());
+  EXPECT_EQ(0u, swapper.boxes[1].first.find("You need 262144 formatted floppy disks."));
+  EXPECT_TRUE(DiskSwapper::on_a().empty());
+  const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
+  EXPECT_TRUE(path_exists(dir / "src\\" + base + ".004")) << "the fragments stay";
+}
+
 }  // namespace
