@@ -27,6 +27,7 @@ FloppyPage::FloppyPage(MainForm& form)
   Frame7.Visible(false);
   Image9.LoadPicture("KILLA_JOS");
   Image9.Click = [this] { Image9_Click(); };
+  Label7.Click = [this] { Image9_Click(); };  // the picture's caption
   Dir2.Change = [this] { Dir2_Change(); };
   File2.KeyDown = [this](int& key, int shift) { File2_KeyDown(key, shift); };
   form_.closing.Tick = [this] { closing_Timer(); };

@@ -49,8 +49,8 @@ double locale_number(std::string text) {
 
 SplitPage::SplitPage(MainForm& form)
     : splitbox(form.add<Frame>("splitbox", page_place())),
-      Label1(form.add<Label>("Label1", Place{8, 6, 140, 20, &splitbox}, "Split files")),
-      Label2(form.add<Label>("Label2", Place{156, 6, 140, 20, &splitbox}, "Merge files")),
+      Label1(form.add<Label>("Label1", Place{8, 4, 140, 22, &splitbox}, "Split files")),
+      Label2(form.add<Label>("Label2", Place{150, 4, 140, 22, &splitbox}, "Merge files")),
       Drive2(form.add<DriveListBox>("Drive2", Place{8, 32, 214, 22, &splitbox})),
       dir1(form.add<DirListBox>("dir1", Place{8, 58, 214, 196, &splitbox})),
       File1(form.add<FileListBox>("File1", Place{230, 32, 206, 222, &splitbox})),
@@ -65,14 +65,19 @@ SplitPage::SplitPage(MainForm& form)
       Check8(form.add<CheckBox>("Check8", Place{10, 22, 150, 20, &Frame3}, "copy to floppy")),
       Check9(form.add<CheckBox>("Check9", Place{10, 48, 150, 20, &Frame3}, "delete after merge")),
       Frame4(form.add<Frame>("Frame4", Place{444, 28, 168, 170, &splitbox}, "Merge")),
-      Label5(form.add<Label>("Label5", Place{10, 20, 150, 96, &Frame4})),
-      dirdest(form.add<Label>("dirdest", Place{10, 120, 150, 44, &Frame4})),
+      Label5(form.add<Label>("Label5", Place{10, 20, 150, 72, &Frame4})),
+      dirdest(form.add<Label>("dirdest", Place{10, 96, 150, 66, &Frame4})),
       Picture3(form.add<PictureBox>("Picture3", Place{444, 206, 168, 48, &splitbox})),
       form_(form) {
   splitbox.Visible(false);
   splitbox.ZOrder(0);  // over the lists that sit on the form itself
   Frame4.Visible(false);
   Picture3.Visible(false);
+  // The tabs' two colours are both light: they sit on a dark strip.
+  for (Label* tab : {&Label1, &Label2}) {
+    tab->BackColor(skin::well_color);
+    tab->Alignment(center);
+  }
   size.Enabled(false);
 
   Label1.Click = [this] { Label1_Click(); };
