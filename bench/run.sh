@@ -137,7 +137,7 @@ report "Folder.Size vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1
 # --- one LCD hover on screen against FillRect + TextOutA (both in Wine) -----
 run_wine bench_lcd_write
 report "LCD hover vs FillRect+TextOutA" "$(figure bench_lcd_write lcd_hover_screen)" \
-  "$(figure bench_lcd_write fill_textout)" us 1
+  "$(figure bench_lcd_write fill_textout_screen)" us 1
 
 # --- split_file, 1 GB into 10 MB fragments, against GNU split -b 10M --------
 # Both cut the same file in the same folder; the fragments go between runs.
