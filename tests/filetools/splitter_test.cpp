@@ -239,6 +239,26 @@ TEST_F(SplitFile, AThousandFragmentsAreRefusedOnASparseThousandMegabytes) {
   EXPECT_EQ(1u, names_in(dir.path()).size()) << "nothing written";
 }
 
+TEST_F(SplitFile, BeyondTwoGibibytesTheCopiedTotalOverflowsIntoAFailure) {
+  ScratchDir dir("split_2gib");
+  const std::string source = dir.file("huge.img");
+  HANDLE h = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  DWORD ret = 0;
+  DeviceIoControl(h, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ret, nullptr);
+  LARGE_INTEGER size;
+  size.QuadPart = (1LL << 31) + 10;
+  SetFilePointerEx(h, size, nullptr, FILE_BEGIN);
+  SetEndOfFile(h);
+  CloseHandle(h);
+  std::string destination = dir.path();
+  int16_t count = 0;
+  EXPECT_EQ(split_failed, split_file(source, destination, 1000000000, count));
+  // What was written stays; the batch file never came.
+  EXPECT_TRUE(path_exists(dir / "huge.001"));
+  EXPECT_TRUE(path_exists(dir / "huge.003"));
+  EXPECT_FALSE(path_exists(dir / "merge(huge.img).bat"));
+}
+
 TEST_F(SplitFile, NineHundredNinetyNineAndAHalfFragmentsWriteTheLastOverThe999th) {
   ScratchDir dir("split_999");
   const std::string content = bytes(1999);
