@@ -124,7 +124,11 @@ DWORD format_device(bool& is_floppy) {
   }
   is_floppy = true;
   DWORD error = ERROR_SUCCESS;
+  // Sectors of a mounted volume can only be written once it is locked; when
+  // something holds a file open the lock fails, and a forced dismount lets
+  // the writes through.
   const bool locked = DeviceIoControl(h, FSCTL_LOCK_VOLUME, nullptr, 0, nullptr, 0, &got, nullptr);
+  if (!locked) DeviceIoControl(h, FSCTL_DISMOUNT_VOLUME, nullptr, 0, nullptr, 0, &got, nullptr);
   const std::vector<BYTE> image = system_area(*layout);
   DWORD wrote = 0;
   if (!WriteFile(h, image.data(), DWORD(image.size()), &wrote, nullptr) || wrote != image.size())
@@ -169,14 +173,13 @@ void kill_diskette() {
   QueryPerformanceFrequency(&freq);
   QueryPerformanceCounter(&t0);
   print("Killing diskette in drive A ...");
-  DWORD error;
-  if (GetFileAttributesA("A:\\") == INVALID_FILE_ATTRIBUTES) {
-    error = ERROR_NOT_READY;
-  } else {
-    bool is_floppy = false;
-    error = format_device(is_floppy);
-    if (!is_floppy) error = delete_tree("A:\\");
-  }
+  // The device first: a diskette that was never formatted has no root
+  // folder to look at, and is just what a format is for.
+  bool is_floppy = false;
+  DWORD error = format_device(is_floppy);
+  if (!is_floppy)
+    error = GetFileAttributesA("A:\\") == INVALID_FILE_ATTRIBUTES ? ERROR_NOT_READY
+                                                                  : delete_tree("A:\\");
   QueryPerformanceCounter(&t1);
   if (error != ERROR_SUCCESS) {
     print(failure_text(error));
