@@ -80,6 +80,9 @@ SplitPage::SplitPage(MainForm& form)
   }
   size.Enabled(false);
 
+  // The three lists start on the current folder, as one.
+  ignore_errors([&] { Drive2.Drive(dir1.Path().substr(0, 2)); });
+  ignore_errors([&] { File1.Path(dir1.Path()); });
   Label1.Click = [this] { Label1_Click(); };
   Label2.Click = [this] { Label2_Click(); };
   Drive2.Change = [this] { Drive2_Change(); };
