@@ -12,7 +12,7 @@ export LC_ALL=C  # one decimal point for bash's clock, awk and the programs
 here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
-benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records)
+benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file)
 bash "$here/scripts/deps.sh"
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
@@ -151,3 +151,18 @@ awk_cut() { awk 'BEGIN { RS = "[,\r\n]+" } END { print NR }' "$ini" >/dev/null; 
 awk_cut  # warm
 awk_us=$(best_us nothing awk_cut)
 report "ini records vs awk" "$ours" "$(awk -v t="$awk_us" 'BEGIN { print t / 1e3 }')" ms 1
+
+# --- split_file, 1 GB into 10 MB fragments, against GNU split -b 10M --------
+# Both cut the same file in the same folder; the fragments go between runs.
+dir=$data/split
+mkdir -p "$dir"
+dd if=/dev/urandom of="$dir/big.bin" bs=1M count=1024 status=none
+cat "$dir/big.bin" >/dev/null  # both start from a warm cache
+run_wine bench_split_file 'C:\wh\bench\split\big.bin' 10
+ours=$(figure bench_split_file split_file)
+unsplit() { find "$dir" -maxdepth 1 -type f ! -name big.bin -delete; }
+gnu_split() { (cd "$dir" && split -b 10M big.bin frag_); }
+gnu_us=$(best_us unsplit gnu_split)
+unsplit
+rm -f "$dir/big.bin"
+report "split_file vs split -b 10M" "$ours" "$(awk -v t="$gnu_us" 'BEGIN { print t / 1e6 }')" s 3

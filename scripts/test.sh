@@ -44,6 +44,11 @@ export WH_HOST_TRASH_MARKER=$marker
 wh_display
 wh_use_prefix "$build/wineprefix" "$build/xdg"
 wh_new_prefix
+# Drive A: is a folder of the build tree, the floppy the floppy tests format
+# and span over. The link must be there before the wineserver starts again.
+rm -rf "$build/floppy"
+mkdir -p "$build/floppy"
+ln -sfn "$build/floppy" "$WINEPREFIX/dosdevices/a:"
 # No window manager: Wine would otherwise wait up to two seconds for one each
 # time a shown window of the tests goes away.
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1

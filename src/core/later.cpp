@@ -2,6 +2,7 @@
 // fills which.
 #include "core/later.h"
 #include "core/tasks.h"
+#include "platform/processes.h"
 
 namespace wh {
 
@@ -11,7 +12,12 @@ void tray_remove() {}
 bool register_context_menu() { return false; }
 bool unregister_context_menu() { return false; }
 
-void clsApplicazioni::RefreshTaskList(HWND, bool) {}
+// The window table only; List3 comes with the task manager.
+void clsApplicazioni::RefreshTaskList(HWND own, bool) {
+  windows.clear();
+  for (const WindowEntry& w : top_level_windows())
+    if (w.visible && w.hwnd != own && !w.title.empty()) windows.push_back({w.title, w.hwnd});
+}
 uint32_t clsActiveProcess::th32ProcessID(int) const { return 0; }
 void killem(uint32_t, const std::string&) {}
 

@@ -6,11 +6,19 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace wh {
 
 class clsApplicazioni {
 public:
+  // One visible top-level window of the last refresh.
+  struct Window {
+    std::string title;
+    HWND hwnd = nullptr;
+  };
+  std::vector<Window> windows;
+
   // Rebuilds the table of visible windows other than `own`, and List3 when
   // `fill_list` is true.
   void RefreshTaskList(HWND own, bool fill_list);

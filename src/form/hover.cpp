@@ -31,6 +31,7 @@ const std::vector<Help>& helps() {
       {"dirinfo", "DIRINFO", {"Disk space", " explorer"}, {"Explorator al", " spatiului pe disc"}},
       {"kila", "KILLA", {"Wellformat ", "   a floppy disk"}, {"Wellformat ", "   o discheta"}},
       {"shred", "KILLA", {"Wellshred files"}, {"Radere fisiere"}},
+      {"Image9", "viewa", {"Show content", "  of floppy disk"}, {"Arata continutul", "  dischetei"}},
       {"junk", "JUNK", {"Erase junk ", "data", "and eliminate", "all traces", "of using the PC"},
        {"Sterge fisierele ", "inutile", "si elimina", "toate urmele", "folosirii PC-ului"}},
       {"RUN", "STARTUPMANAGER", {"StartUP Manager"}, {"Manager StartUP"}},

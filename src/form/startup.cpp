@@ -10,6 +10,7 @@
 #include "core/globals.h"
 #include "core/later.h"
 #include "core/loading.h"
+#include "core/paths.h"
 #include "core/tasks.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
@@ -17,6 +18,7 @@
 #include "core/skin.h"
 #include "core/text.h"
 #include "filetools/shredder.h"
+#include "filetools/splitter.h"
 #include "form/mainu.h"
 #include "platform/files.h"
 #include "platform/fso.h"
@@ -257,11 +259,23 @@ void Mainu::start_with_paths(const std::string& tail) {
     if (file.find('"') != std::string::npos) file = file.substr(1, file.size() - 2);
     if (!file_system().FileExists(file)) end_program();
     // The splitter's page takes the file from here.
+    split_page.dir1.Path(parent_path(file));
+    split_page.Drive2.Drive(file.substr(0, 1));
+    split_page.File1.Path(split_page.dir1.Path());
+    const std::string name = ucase(path_part(file, 6));
+    for (int i = 0; i < split_page.File1.ListCount(); ++i) {
+      if (ucase(split_page.File1.List(i)) != name) continue;
+      split_page.File1.ListIndex(i);
+      split_page.Option1.Value(true);
+      split_page.File1_Click();
+      break;
+    }
     apply_skin();
     changelanguage(setting("limba") == "romana" ? 2 : 1);
     splity.Enabled(true);
     splity_Click();
     split_page.Label1_Click();
+    split_page.calefisier.Caption(file);
     Show();
   }
 }

@@ -29,6 +29,14 @@ int terminate_process(DWORD pid, UINT exit_code) {
   return TerminateProcess(p.get(), exit_code) ? rt_ok : rt_from_win32(GetLastError());
 }
 
+int terminate_process_wait(DWORD pid, UINT exit_code, DWORD wait_ms) {
+  KernelHandle p(OpenProcess(0x1F0FFF, FALSE, pid));
+  if (!p) return rt_from_win32(GetLastError());
+  if (!TerminateProcess(p.get(), exit_code)) return rt_from_win32(GetLastError());
+  WaitForSingleObject(p.get(), wait_ms);
+  return rt_ok;
+}
+
 int create_process(const std::string& cmdline, bool wait, ProcessResult& result, int show) {
   result = ProcessResult{};
   STARTUPINFOA si{};

@@ -21,6 +21,9 @@ int process_snapshot(std::vector<ProcessEntry>& out);
 
 // OpenProcess(PROCESS_ALL_ACCESS) + TerminateProcess.
 int terminate_process(DWORD pid, UINT exit_code = 0);
+// The same, then waits up to `wait_ms` for the process to be gone:
+// TerminateProcess only starts the end, and its exe stays in use until then.
+int terminate_process_wait(DWORD pid, UINT exit_code, DWORD wait_ms);
 
 struct ProcessResult {
   DWORD pid = 0;

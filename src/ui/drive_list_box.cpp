@@ -26,7 +26,11 @@ std::string drive_entry(char letter) {
 char current_drive_letter() {
   char dir[MAX_PATH] = "";
   ::GetCurrentDirectoryA(sizeof dir, dir);
-  return static_cast<char>(std::tolower(static_cast<unsigned char>(dir[0] ? dir[0] : 'c')));
+  // Under Wine a process started from a host folder outside every drive has
+  // a current directory like "\\?\unix\...": take the system's drive then,
+  // not the first one listed (which is A: where there is a floppy).
+  if (dir[1] != ':') ::GetWindowsDirectoryA(dir, sizeof dir);
+  return static_cast<char>(std::tolower(static_cast<unsigned char>(dir[1] == ':' ? dir[0] : 'c')));
 }
 }  // namespace
 

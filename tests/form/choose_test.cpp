@@ -9,6 +9,7 @@
 
 #include "core/choose.h"
 #include "core/globals.h"
+#include "core/text.h"
 #include "form/mainu.h"
 #include "support/scratch.h"
 #include "ui/ui.h"
@@ -142,6 +143,36 @@ TEST_F(ChooseTest, AStartWithAFileAsksAndTheThirdAnswerShredsIt) {
   // The window stays up as the wait panel until the end.
   ASSERT_TRUE(choose_loaded());
   EXPECT_TRUE(choose().Picture1.Visible());
+  mainu_clear();
+}
+
+// Answers the same way: split.
+void CALLBACK answer_split(HWND, UINT, UINT_PTR id, DWORD) {
+  if (!choose_loaded()) return;
+  KillTimer(nullptr, id);
+  Choose& c = choose();
+  point_at(c.Image2);
+  click(c.Image4);
+}
+
+TEST_F(ChooseTest, TheSplitAnswerOpensTheSplitterOnTheFile) {
+  ScratchDir dir("choose_split");
+  dir.file("a first.txt", "a");
+  const std::string file = dir.file("Holiday pictures.zip", std::string(3000, 'h'));
+  ScriptedDialogs boxes;
+  SetTimer(nullptr, 0, 20, answer_split);
+  mainu().start("\"" + file + "\"");
+  EXPECT_EQ(1, choose_result);
+  Mainu& m = mainu();
+  SplitPage& page = m.split_page;
+  EXPECT_EQ(3, ActiveSection);
+  EXPECT_EQ(file, page.calefisier.Caption());
+  EXPECT_EQ(dir.path(), page.dir1.Path());
+  EXPECT_EQ("Holiday pictures.zip", page.File1.FileName());
+  EXPECT_TRUE(page.Option1.Value());
+  EXPECT_TRUE(page.split_mode());
+  EXPECT_EQ("2 KB", trim(page.Label4.Caption()));
+  EXPECT_EQ(0u, boxes.count());
   mainu_clear();
 }
 

@@ -1,0 +1,398 @@
+// The split section's page on a small test form: the tabs, the preview, the
+// size field's keys, the action's messages and the drops.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "core/globals.h"
+#include "core/text.h"
+#include "filetools/split_page.h"
+#include "filetools/splitter.h"
+#include "support/scratch.h"
+#include "support/test_form.h"
+#include "ui/ui.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::ScratchDir;
+using wh::test::TestForm;
+
+namespace {
+
+std::string trimmed_line(const MainForm& m, int row) {
+  std::string s = m.lcd.Line(row);
+  while (!s.empty() && s.back() == ' ') s.pop_back();
+  return s;
+}
+
+class SplitSection : public ::testing::Test {
+protected:
+  void SetUp() override {
+    language_flag = 1;
+    ActiveSection = 0;
+    form.handlers["splity_Click"] = [this] { page.enter(); };
+    form.handlers["hide_section_extras"] = [this] { page.hide_extras(); };
+    page.enter();
+  }
+  void TearDown() override { language_flag = 1; }
+  // Picks a file through the lists, as a click would.
+  void pick(const std::string& folder, const std::string& name) {
+    page.dir1.Path(folder);
+    for (int i = 0; i < page.File1.ListCount(); ++i)
+      if (page.File1.List(i) == name) page.File1.ListIndex(i);
+  }
+  void type(int ch) { page.size.send(WM_CHAR, ch, 1); }
+
+  TestForm form;
+  SplitPage page{form};
+};
+
+TEST_F(SplitSection, EnteringShowsTheSplitTabWithTheFloppySizeAndTheTabsSwap) {
+  EXPECT_EQ(3, ActiveSection);
+  EXPECT_TRUE(page.splitbox.Visible());
+  EXPECT_TRUE(page.Option1.Value());
+  EXPECT_FALSE(page.size.Enabled());
+  EXPECT_TRUE(page.Frame2.Visible() && page.Frame3.Visible());
+  EXPECT_FALSE(page.Frame4.Visible());
+  EXPECT_EQ(33023u, page.Label1.ForeColor());
+  EXPECT_EQ(14215660u, page.Label2.ForeColor());
+
+  ScratchDir dir("split_page_tabs");
+  const std::string file = dir.file("a.bin", "abc");
+  pick(dir.path(), "a.bin");
+  EXPECT_EQ(file, page.calefisier.Caption());
+  page.Label2_Click();
+  EXPECT_FALSE(page.split_mode());
+  EXPECT_EQ("file path", page.calefisier.Caption());
+  EXPECT_EQ(dir.path(), page.dirdest.Caption());
+  EXPECT_EQ(-1, page.File1.ListIndex());
+  EXPECT_TRUE(page.Frame4.Visible());
+  EXPECT_FALSE(page.Frame2.Visible() || page.Frame3.Visible());
+  EXPECT_EQ(33023u, page.Label2.ForeColor());
+  EXPECT_EQ(14215660u, page.Label1.ForeColor());
+  page.Label1_Click();
+  EXPECT_TRUE(page.split_mode());
+}
+
+TEST_F(SplitSection, ThePreviewCountsFragmentsWithTheExactDivisionSlip) {
+  ScratchDir dir("split_page_preview");
+  dir.file("five.bin", std::string(5 * 1048576, 'f'));
+  dir.file("small.txt", "tiny");
+  EXPECT_EQ("", page.preview_text()) << "no file chosen";
+  pick(dir.path(), "five.bin");
+  EXPECT_EQ("5 MB", trim(page.Label4.Caption()));
+  EXPECT_EQ("The file will be splited in 4 fragments", page.preview_text());
+  page.Option2.Value(true);
+  EXPECT_TRUE(page.size.Enabled());
+  EXPECT_EQ("", page.preview_text()) << "an empty size prints nothing";
+  page.size.Text("1");
+  EXPECT_EQ("The file will be splited in 5242880 fragments", page.preview_text());
+  page.size.Text("2");
+  EXPECT_EQ("The file will be splited in 3 fragments", page.preview_text());
+  page.size.Text("0");
+  EXPECT_EQ("", page.preview_text());
+  pick(dir.path(), "small.txt");
+  page.Option1.Value(true);
+  EXPECT_EQ("The file will be splited in 1 fragment", page.preview_text());
+  language_flag = 2;
+  EXPECT_EQ("Va rezulta 1 bucata", page.preview_text());
+  pick(dir.path(), "five.bin");
+  EXPECT_EQ("Vor rezulta 4 bucati", page.preview_text());
+}
+
+TEST_F(SplitSection, TheSizeFieldTakesDigitsAndTheLocaleSymbolOnly) {
+  page.Option2.Value(true);
+  const char symbol = locale_decimal();
+  const char wrong = symbol == '.' ? ',' : '.';
+  ScriptedDialogs boxes;
+  for (int ch : {'1', 'x', '-', '0', symbol, '5'}) type(ch);
+  EXPECT_EQ(std::string("10") + symbol + "5", page.size.Text());
+  EXPECT_EQ(0u, boxes.count());
+  type(wrong);
+  EXPECT_EQ(std::string("10") + symbol + "5", page.size.Text()) << "nothing inserted";
+  ASSERT_EQ(1u, boxes.count());
+  EXPECT_EQ(std::string("The decimal symbol is \"") + symbol + "\"", boxes.last().text);
+  EXPECT_EQ(static_cast<unsigned>(MB_ICONEXCLAMATION), boxes.last().style & MB_ICONMASK);
+  type(VK_BACK);
+  EXPECT_EQ(std::string("10") + symbol, page.size.Text());
+  language_flag = 2;
+  type(wrong);
+  EXPECT_EQ(std::string("Simboulul decimal este \"") + symbol + "\"", boxes.last().text);
+}
+
+TEST_F(SplitSection, TheActionRefusesWhatItCannotSplit) {
+  ScratchDir dir("split_page_refused");
+  const std::string file = dir.file("small.bin", std::string(1000, 's'));
+  {
+    ScriptedDialogs boxes;
+    page.del_block();
+    ASSERT_EQ(1u, boxes.count());
+    EXPECT_EQ("First you have to choose a file!", boxes.last().text);
+    EXPECT_EQ(static_cast<unsigned>(MB_ICONSTOP), boxes.last().style & MB_ICONMASK);
+  }
+  {
+    ScriptedDialogs boxes;
+    page.calefisier.Caption(dir / "gone.bin");
+    page.del_block();
+    EXPECT_EQ("File not found!", boxes.last().text);
+    EXPECT_EQ(dir / "gone.bin", page.calefisier.Caption()) << "not put back";
+  }
+  {
+    ScriptedDialogs boxes;
+    page.calefisier.Caption(file);
+    page.Option2.Value(true);
+    page.del_block();
+    EXPECT_EQ("You have to specify the split size!", boxes.last().text);
+  }
+  {
+    ScriptedDialogs boxes;
+    page.size.Text("1");
+    page.del_block();
+    ASSERT_EQ(1u, boxes.count());
+    EXPECT_EQ("The split size is larger than the size of the file to be splited!", boxes.last().text);
+    EXPECT_EQ(0u, boxes.last().style) << "a plain box in English";
+    // Option1 does not spare the test: the field's old value still counts.
+    page.Option1.Value(true);
+    language_flag = 2;
+    page.del_block();
+    EXPECT_EQ("Marimea unei bucati este mai mare decat marimea intregului fisier ce trebuie despicat.",
+              boxes.last().text);
+    EXPECT_EQ(static_cast<unsigned>(MB_ICONSTOP), boxes.last().style & MB_ICONMASK);
+  }
+  EXPECT_EQ(1000u, test::read_file(file).size());
+  EXPECT_FALSE(path_exists(dir / "merge(small.bin).bat"));
+}
+
+TEST_F(SplitSection, ASplitLeavesFragmentsAndTheBatchFileAndSaysSoInBothLanguages) {
+  ScratchDir dir("split_page_split");
+  const std::string file = dir.file("report.dat", std::string(25000, 'r'));
+  pick(dir.path(), "report.dat");
+  page.Option2.Value(true);
+  page.size.Text("0.01");  // 10486 bytes
+  ScriptedDialogs boxes;
+  page.del_block();
+  ASSERT_EQ(1u, boxes.count());
+  EXPECT_EQ("Split completed successfully. The file was splitted into 3 parts.\r\n\r\n"
+            "To merge the splited files run merge(report.dat).bat",
+            boxes.last().text);
+  EXPECT_EQ(0u, boxes.last().style);
+  EXPECT_TRUE(path_exists(dir / "merge(report.dat).bat"));
+  EXPECT_EQ(3, std::count(fragment_list.begin(), fragment_list.end(), '+'));
+  EXPECT_EQ("file path", page.calefisier.Caption());
+  EXPECT_EQ(5, page.File1.ListCount()) << "the list shows the fragments";
+
+  language_flag = 2;
+  page.calefisier.Caption(file);
+  page.del_block();
+  EXPECT_EQ("Despicarea s-a incheiat cu succes.Fisierul a fost spart in  3 bucati.\r\n\r\n"
+            "Pentru a recrea fisierul din bucati rulati reface(report.dat).bat",
+            boxes.last().text);
+  EXPECT_TRUE(path_exists(dir / "reface(report.dat).bat"));
+  EXPECT_EQ("cale fisier", page.calefisier.Caption());
+}
+
+TEST_F(SplitSection, TooManyFragmentsIsRefusedWithItsBox) {
+  ScratchDir dir("split_page_many");
+  const std::string file = dir.file("many.bin", std::string(20000, 'm'));
+  page.calefisier.Caption(file);
+  page.Option2.Value(true);
+  page.size.Text("0.00001");  // 10 bytes: 2000 fragments
+  ScriptedDialogs boxes;
+  page.del_block();
+  ASSERT_EQ(1u, boxes.count());
+  EXPECT_EQ("The ratio of file size in bytes of the source file to the specified Segment size value "
+            "resulted in 1000 or more segment files.",
+            boxes.last().text);
+  EXPECT_EQ("file path", page.calefisier.Caption());
+  EXPECT_FALSE(path_exists(dir / "merge(many.bin).bat"));
+}
+
+TEST_F(SplitSection, DropsPointAtAFileOrAtTheFirstFragmentOfTheOldNaming) {
+  ScratchDir dir("split_page_drops");
+  const std::string plain = dir.file("plain.bin", "p");
+  const std::string first = dir.file("old\xAE" "1", "1");
+  const std::string second = dir / "old\xAE" "2";
+  ScriptedDialogs boxes;
+
+  // Label4 in split mode takes anything.
+  fire(page.Label4.OLEDragDrop, std::vector<std::string>{"C:\\nowhere.txt"});
+  EXPECT_EQ("C:\\nowhere.txt", page.calefisier.Caption());
+
+  fire(page.Label2.OLEDragDrop, std::vector<std::string>{second});
+  EXPECT_FALSE(page.split_mode());
+  EXPECT_EQ(first, page.calefisier.Caption());
+  EXPECT_EQ(dir.path(), page.dirdest.Caption());
+
+  fire(page.Label2.OLEDragDrop, std::vector<std::string>{dir / "lost\xAE" "7"});
+  ASSERT_EQ(1u, boxes.count());
+  EXPECT_EQ("First piece does not exist   (" + dir / "lost\xAE" "1 )", boxes.last().text);
+  fire(page.Label4.OLEDragDrop, std::vector<std::string>{dir / "lost\xAE" "7"});
+  EXPECT_EQ("First piece does not exist!   (" + dir / "lost\xAE" "1 )", boxes.last().text);
+  language_flag = 2;
+  fire(form.splity.OLEDragDrop, std::vector<std::string>{dir / "lost\xAE" "7"});
+  EXPECT_EQ("Nu exista prima bucata!   (" + dir / "lost\xAE" "1 )", boxes.last().text);
+  language_flag = 1;
+
+  // A plain file on the section's button from elsewhere enters the section.
+  ActiveSection = 7;
+  form.calls.clear();
+  fire(form.splity.OLEDragDrop, std::vector<std::string>{plain});
+  EXPECT_EQ(std::vector<std::string>{"splity_Click"},
+            std::vector<std::string>(form.calls.begin(), form.calls.begin() + 1));
+  EXPECT_EQ(3, ActiveSection);
+  EXPECT_EQ(plain, page.calefisier.Caption());
+  // On Label2 a plain file does nothing.
+  page.calefisier.Caption("kept");
+  fire(page.Label2.OLEDragDrop, std::vector<std::string>{plain});
+  EXPECT_EQ("kept", page.calefisier.Caption());
+
+  // Label1 goes back to splitting; calefisier takes only what exists.
+  page.Label2_Click();
+  fire(page.Label1.OLEDragDrop, std::vector<std::string>{plain});
+  EXPECT_TRUE(page.split_mode());
+  EXPECT_EQ(plain, page.calefisier.Caption());
+  page.Picture3.Visible(true);
+  fire(page.calefisier.OLEDragDrop, std::vector<std::string>{dir / "none.bin"});
+  EXPECT_FALSE(page.Picture3.Visible());
+  EXPECT_EQ(plain, page.calefisier.Caption());
+  EXPECT_EQ(1u + 2u, boxes.count());
+}
+
+TEST_F(SplitSection, TheDropHintShowsInSplitModeAndForOldFragmentsInMergeMode) {
+  page.Form_OLEDragOver({"C:\\x.bin"});
+  EXPECT_TRUE(page.Picture3.Visible());
+  page.Picture3.Visible(false);
+  page.Label2_Click();
+  page.Form_OLEDragOver({"C:\\x.bin"});
+  EXPECT_FALSE(page.Picture3.Visible());
+  page.Form_OLEDragOver({"C:\\x\xAE" "2"});
+  EXPECT_TRUE(page.Picture3.Visible());
+  page.Picture3.Visible(false);
+  ActiveSection = 6;
+  page.Form_OLEDragOver({"C:\\x\xAE" "2"});
+  EXPECT_FALSE(page.Picture3.Visible());
+}
+
+TEST_F(SplitSection, HoveringCheck9WritesItsHelpOnceOnTheWay) {
+  form.lighton = "MAINU";
+  fire(page.Check9.MouseMove, 0, 0, 1, 1);
+  EXPECT_EQ("AFTERMERGE", form.lighton);
+  EXPECT_EQ("Delete fragments", trimmed_line(form, 1));
+  EXPECT_EQ("after merging", trimmed_line(form, 2));
+  form.lcd.Clear();
+  fire(page.Check9.MouseMove, 0, 0, 2, 2);
+  EXPECT_EQ("", trimmed_line(form, 1)) << "not written again while lighton holds the key";
+}
+
+// Boxes answered OK; when the box asks for the next disk, the test takes
+// the disk out: A:'s contents move to a folder of their own.
+class DiskSwapper : public DialogService {
+public:
+  explicit DiskSwapper(const ScratchDir& dir) : dir_(dir) {}
+  int msg_box(const std::string& text, unsigned style, const std::string&) override {
+    boxes.push_back({text, style});
+    if (text.rfind("Remove the disk", 0) == 0) {
+      const std::string disk = dir_.folder("disk" + std::to_string(++disks));
+      for (const std::string& n : on_a())
+        MoveFileA(("A:\\" + n).c_str(), (disk + "\\" + n).c_str());
+    }
+    return IDOK;
+  }
+  static std::vector<std::string> on_a() {
+    std::vector<std::string> out;
+    WIN32_FIND_DATAA fd;
+    HANDLE h = FindFirstFileA("A:\\*", &fd);
+    if (h == INVALID_HANDLE_VALUE) return out;
+    do {
+      std::string n = fd.cFileName;
+      if (n != "." && n != "..") out.push_back(n);
+    } while (FindNextFileA(h, &fd));
+    FindClose(h);
+    std::sort(out.begin(), out.end());
+    return out;
+  }
+  std::vector<std::pair<std::string, unsigned>> boxes;
+  int disks = 0;
+
+private:
+  const ScratchDir& dir_;
+  DialogScope scope_{*this};
+};
+
+class Spanning : public SplitSection {
+protected:
+  void SetUp() override {
+    ASSERT_TRUE(path_exists("A:\\")) << "the test prefix maps A: to a folder";
+    clear_a();
+    SplitSection::SetUp();
+  }
+  void TearDown() override {
+    clear_a();
+    SplitSection::TearDown();
+  }
+  static void clear_a() {
+    for (const std::string& n : DiskSwapper::on_a()) test::remove_tree("A:\\" + n);
+  }
+  void split_to_floppies(const std::string& file, const std::string& megabytes) {
+    page.calefisier.Caption(file);
+    page.Option2.Value(true);
+    page.size.Text(megabytes);
+    page.Check8.Value(1);
+    page.del_block();
+  }
+};
+
+TEST_F(Spanning, ThreeFragmentsGoOneToADiskAndTheBatchFileToTheLast) {
+  ScratchDir dir("split_page_span");
+  const std::string content = std::string(12000, 'x') + std::string(13000, 'y');
+  const std::string file = dir.file("src\\movie.avi", content);
+  DiskSwapper swapper(dir);
+  split_to_floppies(file, "0.01");  // 10486-byte fragments: three
+
+  ASSERT_EQ(2, swapper.disks);
+  const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
+  EXPECT_EQ(content.substr(0, 10486), test::read_file(dir / "disk1\\" + base + ".001"));
+  EXPECT_EQ(content.substr(10486, 10486), test::read_file(dir / "disk2\\" + base + ".002"));
+  EXPECT_FALSE(path_exists(dir / "disk1\\merge(movie.avi).bat"));
+  EXPECT_FALSE(path_exists(dir / "disk2\\merge(movie.avi).bat"));
+  EXPECT_EQ((std::vector<std::string>{"merge(movie.avi).bat", base + ".003"}), DiskSwapper::on_a());
+  EXPECT_EQ(content.substr(2 * 10486), test::read_file("A:\\" + base + ".003"));
+  // The fragments left the source's folder; the batch file was copied.
+  EXPECT_FALSE(path_exists(dir / "src\\" + base + ".001"));
+  EXPECT_TRUE(path_exists(dir / "src\\merge(movie.avi).bat"));
+
+  std::vector<std::string> texts;
+  for (const auto& b : swapper.boxes) texts.push_back(b.first);
+  ASSERT_EQ(5u, texts.size());
+  EXPECT_EQ(0u, texts[0].find("Split completed successfully."));
+  EXPECT_EQ("You need 3 formatted floppy disks.\r\n"
+            "If they are not formatted Wellharrower will format them for you\r\n"
+            "Please insert the first disk and then press OK.",
+            texts[1]);
+  EXPECT_EQ("Remove the disk in the floppy drive,insert next disk and press OK.", texts[2]);
+  EXPECT_EQ(texts[2], texts[3]);
+  EXPECT_EQ("All fragments have been copied on floppy disks\r\n"
+            "To unsplit the file,copy all fragments in the same directory and run "
+            "merge(movie.avi).bat",
+            texts[4]);
+  EXPECT_EQ("file path", page.calefisier.Caption());
+}
+
+TEST_F(Spanning, AnExactDivisionCountsTooManyDisksAndTheCountWrapsToNoDisk) {
+  ScratchDir dir("split_page_span_exact");
+  // 64 KiB fragments: 4 exactly, announced as 262144, which is 0 in 16 bits.
+  const std::string file = dir.file("src\\exact.bin", std::string(4 * 65536, 'e'));
+  DiskSwapper swapper(dir);
+  split_to_floppies(file, "0.0625");
+  ASSERT_EQ(2u, swapper.boxes.size());
+  EXPECT_EQ(0u, swapper.boxes[1].first.find("You need 262144 formatted floppy disks."));
+  EXPECT_TRUE(DiskSwapper::on_a().empty());
+  const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
+  EXPECT_TRUE(path_exists(dir / "src\\" + base + ".004")) << "the fragments stay";
+}
+
+}  // namespace

@@ -1,0 +1,300 @@
+// Splitting real files, and joining them again by running the written batch
+// file with Wine's own cmd in the fragments' folder.
+#include <windows.h>
+#include <winioctl.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "core/globals.h"
+#include "core/routines.h"
+#include "filetools/splitter.h"
+#include "platform/rt_error.h"
+#include "support/scratch.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::read_file;
+using wh::test::ScratchDir;
+
+namespace {
+
+std::string bytes(size_t n, unsigned seed = 7) {
+  std::string s(n, '\0');
+  for (size_t i = 0; i < n; ++i) {
+    seed = seed * 1103515245u + 12345u;
+    s[i] = static_cast<char>(seed >> 16);
+  }
+  return s;
+}
+
+// The batch file run by cmd in `folder`, the keyboard a NUL device (pause
+// reads EOF and goes on); returns what it printed. Wine 8's cmd does not
+// find a batch file whose name holds "(" when it is the command itself
+// ("Can't recognize"); through "call" it runs.
+std::string run_batch(const std::string& folder, const std::string& batch) {
+  SECURITY_ATTRIBUTES sa{sizeof sa, nullptr, TRUE};
+  HANDLE in = CreateFileA("NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &sa,
+                          OPEN_EXISTING, 0, nullptr);
+  const std::string log = folder + "\\..\\cmd_output.txt";
+  HANDLE out = CreateFileA(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &sa,
+                           CREATE_ALWAYS, 0, nullptr);
+  STARTUPINFOA si{};
+  si.cb = sizeof si;
+  si.dwFlags = STARTF_USESTDHANDLES;
+  si.hStdInput = in;
+  si.hStdOutput = out;
+  si.hStdError = out;
+  PROCESS_INFORMATION pi{};
+  std::string cmd = "cmd /c call \"" + batch + "\"";
+  EXPECT_TRUE(CreateProcessA(nullptr, cmd.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW,
+                             nullptr, folder.c_str(), &si, &pi));
+  WaitForSingleObject(pi.hProcess, 60000);
+  CloseHandle(pi.hProcess);
+  CloseHandle(pi.hThread);
+  CloseHandle(in);
+  CloseHandle(out);
+  std::string text = read_file(log);
+  DeleteFileA(log.c_str());
+  return text;
+}
+
+std::vector<std::string> names_in(const std::string& folder) {
+  std::vector<std::string> out;
+  WIN32_FIND_DATAA fd;
+  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
+  if (h == INVALID_HANDLE_VALUE) return out;
+  do {
+    std::string n = fd.cFileName;
+    if (n != "." && n != "..") out.push_back(n);
+  } while (FindNextFileA(h, &fd));
+  FindClose(h);
+  return out;
+}
+
+struct JoinCase {
+  const char* label;
+  const char* name;
+  size_t length;
+  int32_t fragment;
+  int language;
+  bool delete_after;
+  int16_t fragments;
+};
+
+class SplitAndJoin : public ::testing::TestWithParam<JoinCase> {
+protected:
+  void SetUp() override { saved_ = language_flag; }
+  void TearDown() override { language_flag = saved_; }
+  uint8_t saved_ = 1;
+};
+
+TEST_P(SplitAndJoin, TheBatchFileRebuildsTheSourceByteForByte) {
+  const JoinCase& c = GetParam();
+  ScratchDir dir(std::string("split_join_") + c.label);
+  const std::string content = bytes(c.length);
+  const std::string source = dir.file(std::string("data\\") + c.name, content);
+  language_flag = static_cast<uint8_t>(c.language);
+
+  std::string destination = dir / "data";
+  int16_t count = -1;
+  const SplitProgress progress{.percent = {}, .pump = {}, .delete_after_merge = [&] { return c.delete_after; }};
+  ASSERT_EQ(split_done, split_file(source, destination, c.fragment, count, progress));
+  EXPECT_EQ(dir / "data\\", destination);
+  EXPECT_EQ(c.fragments, count);
+  const std::string batch = batch_path(destination, c.name, c.language);
+  ASSERT_TRUE(path_exists(batch));
+
+  // The source leaves, as if the fragments had been carried elsewhere: its
+  // short name is the one the batch file copies into.
+  ASSERT_TRUE(MoveFileA(source.c_str(), (dir / "original").c_str()));
+  const std::string said = run_batch(dir / "data", batch);
+  const std::string joined = read_file(dir / "data\\" + c.name);
+  EXPECT_EQ(content.size(), joined.size()) << said;
+  EXPECT_TRUE(content == joined) << said;
+  std::vector<std::string> left = names_in(dir / "data");
+  if (c.delete_after) {
+    // The batch file's own "del" line has its path unquoted: a blank in the
+    // name and it stays.
+    std::vector<std::string> kept{c.name};
+    if (std::string(c.name).find(' ') != std::string::npos)
+      kept.push_back(batch.substr(batch.rfind('\\') + 1));
+    std::sort(kept.begin(), kept.end());
+    std::sort(left.begin(), left.end());
+    EXPECT_EQ(kept, left) << "fragments and batch file gone";
+  } else {
+    EXPECT_EQ(static_cast<size_t>(c.fragments) + 2, left.size());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, SplitAndJoin,
+    ::testing::Values(JoinCase{"one", "single.bin", 3000, 5000, 1, false, 1},
+                      JoinCase{"exact", "exact.dat", 30000, 10000, 1, false, 3},
+                      JoinCase{"blanks", "Holiday pictures.zip", 25000, 7000, 1, false, 4},
+                      JoinCase{"romanian", "Poze de vacanta.zip", 25000, 7000, 2, false, 4},
+                      JoinCase{"delete", "gone.bin", 20000, 6000, 1, true, 4},
+                      JoinCase{"delete_blank", "gone after.bin", 20000, 6000, 1, true, 4},
+                      JoinCase{"delete_ro", "sters.bin", 20000, 6000, 2, true, 4}),
+    [](const auto& info) { return std::string(info.param.label); });
+
+TEST(BatchFile, HolidayPicturesByteForByteInBothLanguages) {
+  const std::vector<std::string> parts{"HOLIDA~1.001", "HOLIDA~1.002"};
+  EXPECT_EQ(
+      "@echo off\r\n"
+      "echo Wellharrower - Unsplit the file Holiday pictures.zip\r\n"
+      "echo.\r\n"
+      "FOR %%a IN ( HOLIDA~1.001 HOLIDA~1.002 ) DO IF NOT EXIST %%a ECHO %%a is missing!\r\n"
+      "echo.\r\n"
+      "pause\r\n"
+      "echo Merging files . . .\r\n"
+      "echo.\r\n"
+      "copy /B HOLIDA~1.001+HOLIDA~1.002 HOLIDA~1.ZIP\r\n"
+      "ren HOLIDA~1.ZIP \"Holiday pictures.zip\"\r\n"
+      "echo.\r\n"
+      "echo All done!\r\n"
+      "@echo on",
+      batch_text(1, "Holiday pictures.zip", "HOLIDA~1.ZIP", parts,
+                 "C:\\Data\\merge(Holiday pictures.zip).bat", false));
+  EXPECT_EQ(
+      "@echo off\r\n"
+      "echo Wellharrower - Crearea fisierului Holiday pictures.zip din bucatile componente \r\n"
+      "echo.\r\n"
+      "FOR %%a IN ( HOLIDA~1.001 HOLIDA~1.002 ) DO IF NOT EXIST %%a ECHO Fiserul %%a nu exista!\r\n"
+      "echo.\r\n"
+      "pause\r\n"
+      "echo Procesul a inceput . . .\r\n"
+      "echo.\r\n"
+      "copy /B HOLIDA~1.001+HOLIDA~1.002 HOLIDA~1.ZIP\r\n"
+      "ren HOLIDA~1.ZIP \"Holiday pictures.zip\"\r\n"
+      "del HOLIDA~1.001\r\n"
+      "del HOLIDA~1.002\r\n"
+      "del C:\\Data\\reface(Holiday pictures.zip).bat\r\n"
+      "echo.\r\n"
+      "echo Gata!\r\n"
+      "@echo on",
+      batch_text(2, "Holiday pictures.zip", "HOLIDA~1.ZIP", parts,
+                 "C:\\Data\\reface(Holiday pictures.zip).bat", true));
+  EXPECT_EQ("C:\\Data\\merge(a b.zip).bat", batch_path("C:\\Data\\", "a b.zip", 1));
+  EXPECT_EQ("C:\\Data\\reface(a b.zip).bat", batch_path("C:\\Data\\", "a b.zip", 2));
+}
+
+class SplitFile : public ::testing::Test {
+protected:
+  void SetUp() override { saved_ = language_flag, language_flag = 1; }
+  void TearDown() override { language_flag = saved_; }
+  uint8_t saved_ = 1;
+};
+
+TEST_F(SplitFile, FragmentsAreNamedFromTheShortNameWithThreeDigits) {
+  ScratchDir dir("split_names");
+  const std::string source = dir.file("Long file name.text", bytes(2500));
+  std::string destination = dir.path();
+  int16_t count = 0;
+  ASSERT_EQ(split_done, split_file(source, destination, 1000, count));
+  const std::string s = path_part(short_path(source), 6);
+  const std::string base = s.substr(0, s.rfind('.'));
+  EXPECT_EQ(split_short_name, s);
+  EXPECT_EQ("+" + base + ".001+" + base + ".002+" + base + ".003", fragment_list);
+  EXPECT_EQ(bytes(2500).substr(2000), read_file(dir / base + ".003"));
+}
+
+TEST_F(SplitFile, MissingThingsAndAZeroSizeAreRefusedBeforeAnyWrite) {
+  ScratchDir dir("split_refused");
+  const std::string source = dir.file("src\\a.bin", "abc");
+  dir.folder("empty");
+  std::string destination = dir / "src";
+  int16_t count = 77;
+  EXPECT_EQ(split_not_found, split_file("", destination, 10, count));
+  EXPECT_EQ(split_not_found, split_file(dir / "src\\none.bin", destination, 10, count));
+  std::string empty = dir / "empty";
+  EXPECT_EQ(split_not_found, split_file(source, empty, 10, count)) << "an empty folder is missing";
+  EXPECT_EQ(split_zero_size, split_file(source, destination, 0, count));
+  EXPECT_EQ(77, count);
+  EXPECT_EQ(1u, names_in(dir / "src").size());
+}
+
+TEST_F(SplitFile, AThousandFragmentsAreRefusedOnASparseThousandMegabytes) {
+  ScratchDir dir("split_thousand");
+  const std::string source = dir.file("big.img");
+  HANDLE h = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  DWORD ret = 0;
+  DeviceIoControl(h, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ret, nullptr);
+  LARGE_INTEGER size;
+  size.QuadPart = 1000LL * 1048576;
+  SetFilePointerEx(h, size, nullptr, FILE_BEGIN);
+  SetEndOfFile(h);
+  CloseHandle(h);
+  std::string destination = dir.path();
+  int16_t count = 0;
+  EXPECT_EQ(split_too_many, split_file(source, destination, 1048576, count));
+  EXPECT_EQ(1u, names_in(dir.path()).size()) << "nothing written";
+}
+
+TEST_F(SplitFile, BeyondTwoGibibytesTheCopiedTotalOverflowsIntoAFailure) {
+  ScratchDir dir("split_2gib");
+  const std::string source = dir.file("huge.img");
+  HANDLE h = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  DWORD ret = 0;
+  DeviceIoControl(h, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ret, nullptr);
+  LARGE_INTEGER size;
+  size.QuadPart = (1LL << 31) + 10;
+  SetFilePointerEx(h, size, nullptr, FILE_BEGIN);
+  SetEndOfFile(h);
+  CloseHandle(h);
+  std::string destination = dir.path();
+  int16_t count = 0;
+  EXPECT_EQ(split_failed, split_file(source, destination, 1000000000, count));
+  // What was written stays; the batch file never came.
+  EXPECT_TRUE(path_exists(dir / "huge.001"));
+  EXPECT_TRUE(path_exists(dir / "huge.003"));
+  EXPECT_FALSE(path_exists(dir / "merge(huge.img).bat"));
+}
+
+TEST_F(SplitFile, NineHundredNinetyNineAndAHalfFragmentsWriteTheLastOverThe999th) {
+  ScratchDir dir("split_999");
+  const std::string content = bytes(1999);
+  const std::string source = dir.file("x.bin", content);
+  std::string destination = dir.path();
+  int16_t count = 0;
+  ASSERT_EQ(split_done, split_file(source, destination, 2, count));
+  EXPECT_EQ(1000, count);
+  EXPECT_EQ(999, std::count(fragment_list.begin(), fragment_list.end(), '+'));
+  const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
+  // The thousandth (one byte) went over the start of the 999th.
+  EXPECT_EQ(content.substr(1998, 1) + content.substr(1997, 1), read_file(dir / base + ".999"));
+  EXPECT_FALSE(path_exists(dir / base + ".1000"));
+}
+
+TEST_F(SplitFile, OldLongerFilesKeepTheirTails) {
+  ScratchDir dir("split_tails");
+  const std::string source = dir.file("t.bin", std::string(10, 'n'));
+  const std::string old = std::string(15, 'o');
+  dir.file("t.001", old);
+  const std::string batch = batch_path(dir.path() + "\\", "t.bin", 1);
+  const std::string old_batch = std::string(2000, '#');
+  dir.file(batch.substr(dir.path().size() + 1), old_batch);
+  std::string destination = dir.path();
+  int16_t count = 0;
+  ASSERT_EQ(split_done, split_file(source, destination, 100, count));
+  EXPECT_EQ(std::string(10, 'n') + std::string(5, 'o'), read_file(dir / "t.001"));
+  const std::string text = read_file(batch);
+  ASSERT_EQ(old_batch.size(), text.size()) << "the batch file was not shortened";
+  EXPECT_NE(std::string::npos, text.find("@echo on#"));
+}
+
+TEST(SplitSizes, CeilDivReturnsTheNumeratorWhenTheDivisionIsExact) {
+  EXPECT_EQ(5242880, ceil_div(5242880, 1048576));  // the slip: 5 MB in 1 MB pieces
+  EXPECT_EQ(6, ceil_div(5242881, 1048576));
+  EXPECT_EQ(4, ceil_div(5242880, 1.38 * 1024 * 1024));
+  EXPECT_EQ(1, ceil_div(1000, 1447035));
+  EXPECT_THROW(ceil_div(3.0 * 1024 * 1024 * 1024, 1048576), RuntimeError);
+  EXPECT_EQ("Holiday pictures.zip", path_part("C:\\Data\\Holiday pictures.zip", 6));
+  EXPECT_EQ("b.txt", path_part("a:b.txt", 6));
+  EXPECT_EQ("plain", path_part("plain", 6));
+}
+
+}  // namespace
