@@ -17,6 +17,8 @@ Mainu::Mainu()
                 .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
       search(add<Frame>("search", at(skin::strip_panel))),
       frame1(add<Frame>("frame1", at(skin::strip_panel))),
+      Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
+      k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
       uninstall_page(*this, search),
       task_page(*this, frame1),
       split_page(*this),
@@ -24,11 +26,13 @@ Mainu::Mainu()
       floppy_page(*this),
       shred_page(*this),
       options(*this),
-      junk_page(*this, frame1),
+      junk_page(*this, frame1, split_page.File1, shred_page.Dir3, Drive1, k1),
       startup_page(*this, search),
       duplicates_page(*this) {
   search.Visible(false);
   frame1.Visible(false);
+  Drive1.Visible(false);
+  k1.Visible(false);
   // Leaving a section for Options hides only some of its extras: the page
   // goes over what stays.
   options.optiuni.ZOrder(0);

@@ -87,6 +87,9 @@ public:
   // Panels that two sections share.
   Frame& search;  // sections 1 and 9
   Frame& frame1;  // sections 2 and 8
+  // Hidden lists that several sections point at their own places.
+  DriveListBox& Drive1;
+  FileListBox& k1;
 
   // The sections, in their order.
   UninstallPage uninstall_page;

@@ -383,6 +383,22 @@ int Drive::FileSystem(std::string& name) const {
 
 // --- FileSystemObject: objects and tests
 
+int FileSystemObject::GetSpecialFolder(int which, Folder& out) const {
+  char buf[MAX_PATH + 1] = {};
+  UINT n = 0;
+  if (which == 0)
+    n = GetWindowsDirectoryA(buf, sizeof buf);
+  else if (which == 1)
+    n = GetSystemDirectoryA(buf, sizeof buf);
+  else if (which == 2)
+    n = GetTempPathA(sizeof buf, buf);
+  else
+    return rt_invalid_call;
+  if (n == 0 || n >= sizeof buf) return rt_path_not_found;
+  out = Folder(strip_trailing_seps(std::string(buf, n)));
+  return rt_ok;
+}
+
 int FileSystemObject::GetFolder(const std::string& path, Folder& out) const {
   if (path.empty() || has_wildcards(path)) return rt_path_not_found;
   std::string full = GetAbsolutePathName(path);
