@@ -49,6 +49,11 @@ wh_new_prefix
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 mkdir -p "$WINEPREFIX/drive_c/wh"
 cp "$build"/bin/*.exe "$WINEPREFIX/drive_c/wh/"
+# A: as a removable drive on a scratch folder: a drive letter the junk scan
+# must pass over. Made while no server runs, or Wine calls it fixed.
+"$WINESERVER" -w
+mkdir -p "$build/floppy"
+ln -sfn "$build/floppy" "$WINEPREFIX/dosdevices/a:"
 wh_start_server
 cd "$build"
 rc=0
