@@ -12,7 +12,7 @@ export LC_ALL=C  # one decimal point for bash's clock, awk and the programs
 here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
-benches=(bench_shred_throughput bench_folder_size bench_lcd_write)
+benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_junk_scan bench_clean_tree)
 bash "$here/scripts/deps.sh"
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
@@ -138,3 +138,40 @@ report "Folder.Size vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1
 run_wine bench_lcd_write
 report "LCD hover vs FillRect+TextOutA" "$(figure bench_lcd_write lcd_hover_screen)" \
   "$(figure bench_lcd_write fill_textout)" us 1
+
+# --- junk_scan with 100,000 files in the temporary folder, against du -sb ---
+# 100 folders of 1,000 files, 1 to 700 bytes each.
+temp=$data/temp
+python3 - "$temp" <<'PY'
+import os, sys
+root = sys.argv[1]
+n = 0
+for f in range(100):
+    d = os.path.join(root, "t%d" % f)
+    os.makedirs(d, exist_ok=True)
+    for i in range(1000):
+        with open(os.path.join(d, "f%d.tmp" % i), "wb") as out:
+            out.write(b"x" * (n % 700 + 1))
+        n += 1
+PY
+run_wine bench_junk_scan 'C:\wh\bench\temp'  # warms itself
+ours=$(figure bench_junk_scan junk_scan)
+du_temp() { du -sb "$temp" >/dev/null; }
+du_temp  # warm
+du_us=$(best_us nothing du_temp)
+report "junk_scan vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
+rm -rf "$temp"
+
+# --- clean_tree of 50,000 files against rm -rf of the same tree -------------
+# The tree of Folder.Size above, copied afresh before each run of either.
+copy=$data/clean
+fresh_copy() { rm -rf "$copy" && cp -a "$tree" "$copy" && sync; }
+best=
+for ((i = 0; i < rounds; i++)); do
+  fresh_copy
+  run_wine bench_clean_tree 'C:\wh\bench\clean'
+  t=$(figure bench_clean_tree clean_tree)
+  if [ -z "$best" ] || awk -v a="$t" -v b="$best" 'BEGIN { exit !(a < b) }'; then best=$t; fi
+done
+rm_us=$(best_us fresh_copy rm -rf "$copy")
+report "clean_tree vs rm -rf" "$best" "$(awk -v t="$rm_us" 'BEGIN { print t / 1e3 }')" ms 1

@@ -483,6 +483,13 @@ bool FileSystemObject::DriveExists(const std::string& drive) const {
 // --- FileSystemObject: changes
 
 int FileSystemObject::DeleteFile(const std::string& pattern, bool force) const {
+  // One named file needs no listing: a folder by that name is no match,
+  // and a short name reaches the same file as the listing would.
+  if (!has_wildcards(split(pattern).name)) {
+    DWORD a = GetFileAttributesA(pattern.c_str());
+    if (a == INVALID_FILE_ATTRIBUTES || (a & FILE_ATTRIBUTE_DIRECTORY)) return rt_file_not_found;
+    return delete_one_file(pattern, a, force);
+  }
   std::string folder = pattern_folder(pattern);
   auto found = matches(pattern, false);
   if (found.empty()) return rt_file_not_found;
