@@ -18,7 +18,7 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
     : junk_form(form.add<Frame>("junk_form", page_place())),
       Label14(form.add<Label>("Label14", Place{8, 262, 150, 20, &junk_form})),
       total(form.add<Label>("total", Place{160, 262, 150, 20, &junk_form})),
-      pluginlist(form.add<ListBox>("pluginlist", Place{400, 256, 210, 66, &junk_form},
+      pluginlist(form.add<ListBox>("pluginlist", Place{410, 256, 202, 66, &junk_form},
                                    ListBox::Options{.multi_select = multi_simple})),
       showplugins(form.add<ImageButton>("showplugins", extra_place(2))),
       Image22(form.add<ImageButton>("Image22", Place{0, 0, 16, 16})),
@@ -40,11 +40,11 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
     const int row = (i - 1) % 9;
     check[i] = &form.add<CheckBox>("check(" + std::to_string(i) + ")",
                                    i <= 9 ? Place{8, 14 + row * 26, 308, 22, &junk_form}
-                                          : Place{400, 14 + row * 26, 212, 22, &junk_form});
+                                          : Place{410, 14 + row * 26, 204, 22, &junk_form});
   }
   for (int i = 1; i <= 9; ++i)
     ocupied[i] = &form.add<Label>("ocupied(" + std::to_string(i) + ")",
-                                  Place{318, 17 + (i - 1) * 26, 76, 18, &junk_form}, "0 bytes",
+                                  Place{316, 17 + (i - 1) * 26, 76, 18, &junk_form}, "0 bytes",
                                   Label::Options{.alignment = right_justify});
   k1.Hidden = true;
   k1.System = true;
