@@ -35,11 +35,9 @@ void JunkCleaner::clean_tree(const std::string& path) {
   // A folder that is missing leaves every following statement failing.
   if (fso.GetFolder(path, folder) != rt_ok) return;
   // File1 is one list for every level: each level is read whole before the
-  // walk goes down.
-  if (ignore_errors([&] {
-        File1_.Path(folder.Path());
-        File1_.Refresh();
-      }) == rt_ok) {
+  // walk goes down. Setting its path reads the folder afresh (a second
+  // Refresh would only list every file again).
+  if (ignore_errors([&] { File1_.Path(folder.Path()); }) == rt_ok) {
     const int count = File1_.ListCount();
     for (int i = 0; i < count; ++i) {
       const std::string file = folder.Path() + "\\" + File1_.List(i);

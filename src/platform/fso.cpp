@@ -485,10 +485,14 @@ bool FileSystemObject::DriveExists(const std::string& drive) const {
 int FileSystemObject::DeleteFile(const std::string& pattern, bool force) const {
   // One named file needs no listing: a folder by that name is no match,
   // and a short name reaches the same file as the listing would.
+  // The delete is tried first: the attributes are only read when it fails.
   if (!has_wildcards(split(pattern).name)) {
-    DWORD a = GetFileAttributesA(pattern.c_str());
+    if (::DeleteFileA(pattern.c_str())) return rt_ok;
+    const DWORD e = GetLastError();
+    const DWORD a = GetFileAttributesA(pattern.c_str());
     if (a == INVALID_FILE_ATTRIBUTES || (a & FILE_ATTRIBUTE_DIRECTORY)) return rt_file_not_found;
-    return delete_one_file(pattern, a, force);
+    if (e == ERROR_ACCESS_DENIED && force && (a & kProtected)) return delete_one_file(pattern, a, true);
+    return rt_from_win32(e);
   }
   std::string folder = pattern_folder(pattern);
   auto found = matches(pattern, false);
