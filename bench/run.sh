@@ -137,7 +137,7 @@ report "Folder.Size vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1
 # --- one LCD hover on screen against FillRect + TextOutA (both in Wine) -----
 run_wine bench_lcd_write
 report "LCD hover vs FillRect+TextOutA" "$(figure bench_lcd_write lcd_hover_screen)" \
-  "$(figure bench_lcd_write fill_textout)" us 1
+  "$(figure bench_lcd_write fill_textout_screen)" us 1
 
 # --- junk_scan with 100,000 files in the temporary folder, against du -sb ---
 # 100 folders of 1,000 files, 1 to 700 bytes each.
