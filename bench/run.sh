@@ -12,7 +12,8 @@ export LC_ALL=C  # one decimal point for bash's clock, awk and the programs
 here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
-benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file)
+benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
+         bench_junk_scan bench_clean_tree)
 bash "$here/scripts/deps.sh"
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
@@ -166,3 +167,46 @@ gnu_us=$(best_us unsplit gnu_split)
 unsplit
 rm -f "$dir/big.bin"
 report "split_file vs split -b 10M" "$ours" "$(awk -v t="$gnu_us" 'BEGIN { print t / 1e6 }')" s 3
+
+# --- junk_scan with 100,000 files in the temporary folder, against du -sb ---
+# 100 folders of 1,000 files, 1 to 700 bytes each.
+temp=$data/temp
+python3 - "$temp" <<'PY'
+import os, sys
+root = sys.argv[1]
+n = 0
+for f in range(100):
+    d = os.path.join(root, "t%d" % f)
+    os.makedirs(d, exist_ok=True)
+    for i in range(1000):
+        with open(os.path.join(d, "f%d.tmp" % i), "wb") as out:
+            out.write(b"x" * (n % 700 + 1))
+        n += 1
+PY
+run_wine bench_junk_scan 'C:\wh\bench\temp'  # warms itself
+ours=$(figure bench_junk_scan junk_scan)
+du_temp() { du -sb "$temp" >/dev/null; }
+du_temp  # warm
+du_us=$(best_us nothing du_temp)
+report "junk_scan vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
+rm -rf "$temp"
+
+# --- clean_tree of 50,000 files against rm -rf of the same tree -------------
+# The tree of Folder.Size above, copied afresh before each run of either.
+# A second copy goes by a plain FindFirstFileA/DeleteFileA walk in the same
+# program: what Wine itself needs for the same removals.
+copy=$data/clean
+plain=$data/plain
+fresh_copy() { rm -rf "$copy" && cp -a "$tree" "$copy" && sync; }
+lesser() { awk -v a="$1" -v b="$2" 'BEGIN { print (b == "" || a < b) ? a : b }'; }
+best= best_plain=
+for ((i = 0; i < rounds; i++)); do
+  fresh_copy
+  rm -rf "$plain" && cp -a "$tree" "$plain" && sync
+  run_wine bench_clean_tree 'C:\wh\bench\clean' 'C:\wh\bench\plain'
+  best=$(lesser "$(figure bench_clean_tree clean_tree)" "$best")
+  best_plain=$(lesser "$(figure bench_clean_tree plain_delete)" "$best_plain")
+done
+rm_us=$(best_us fresh_copy rm -rf "$copy")
+report "clean_tree vs rm -rf" "$best" "$(awk -v t="$rm_us" 'BEGIN { print t / 1e3 }')" ms 1
+report "clean_tree vs DeleteFileA walk (both in Wine)" "$best" "$best_plain" ms 1

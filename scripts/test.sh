@@ -45,7 +45,8 @@ wh_display
 wh_use_prefix "$build/wineprefix" "$build/xdg"
 wh_new_prefix
 # Drive A: is a folder of the build tree, the floppy the floppy tests format
-# and span over. The link must be there before the wineserver starts again.
+# and span over, and a removable drive the junk scan passes over. The link
+# must be there before the wineserver starts again, or Wine calls it fixed.
 rm -rf "$build/floppy"
 mkdir -p "$build/floppy"
 ln -sfn "$build/floppy" "$WINEPREFIX/dosdevices/a:"

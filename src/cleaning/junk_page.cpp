@@ -1,6 +1,10 @@
 #include "cleaning/junk_page.h"
 
+#include "cleaning/index_files.h"
+#include "cleaning/junk_state.h"
+#include "cleaning/traces.h"
 #include "core/globals.h"
+#include "platform/processes.h"
 #include "platform/rt_error.h"
 
 namespace wh {
@@ -9,10 +13,12 @@ namespace {
 constexpr int twips = 15;
 }  // namespace
 
-JunkPage::JunkPage(MainForm& form, Frame& frame1_panel)
+JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
+                   DirListBox& dir_list, DriveListBox& drive_list, FileListBox& hidden_list)
     : junk_form(form.add<Frame>("junk_form", page_place())),
-      ocupied(form.add<Label>("ocupied", Place{420, 16, 190, 20, &junk_form})),
-      pluginlist(form.add<ListBox>("pluginlist", Place{420, 44, 190, 200, &junk_form},
+      Label14(form.add<Label>("Label14", Place{8, 262, 150, 20, &junk_form})),
+      total(form.add<Label>("total", Place{160, 262, 150, 20, &junk_form})),
+      pluginlist(form.add<ListBox>("pluginlist", Place{410, 256, 202, 66, &junk_form},
                                    ListBox::Options{.multi_select = multi_simple})),
       showplugins(form.add<ImageButton>("showplugins", extra_place(2))),
       Image22(form.add<ImageButton>("Image22", Place{0, 0, 16, 16})),
@@ -22,11 +28,26 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel)
       Picture7(form.add<PictureBox>("Picture7", Place{8, 16, 600, 40, &Frame15})),
       junk_files(form.add<ListBox>("junk_files", Place{8, 60, 600, 260, &Frame15})),
       frame1(frame1_panel),
-      form_(form) {
-  for (int i = 1; i <= 18; ++i)
+      File1(file_list),
+      Dir3(dir_list),
+      Drive1(drive_list),
+      k1(hidden_list),
+      form_(form),
+      cleaner_(file_list, form.hwnd()) {
+  // Two columns: the nine categories that hold files, each with its size,
+  // and the nine traces.
+  for (int i = 1; i <= 18; ++i) {
+    const int row = (i - 1) % 9;
     check[i] = &form.add<CheckBox>("check(" + std::to_string(i) + ")",
-                                   Place{8 + (i - 1) / 9 * 200, 16 + (i - 1) % 9 * 26, 190, 22,
-                                         &junk_form});
+                                   i <= 9 ? Place{8, 14 + row * 26, 308, 22, &junk_form}
+                                          : Place{410, 14 + row * 26, 204, 22, &junk_form});
+  }
+  for (int i = 1; i <= 9; ++i)
+    ocupied[i] = &form.add<Label>("ocupied(" + std::to_string(i) + ")",
+                                  Place{316, 17 + (i - 1) * 26, 76, 18, &junk_form}, "0 bytes",
+                                  Label::Options{.alignment = right_justify});
+  k1.Hidden = true;
+  k1.System = true;
   for (Control* c : std::initializer_list<Control*>{&junk_form, &showplugins, &Image22, &Image23,
                                                     &Frame15})
     c->Visible(false);
@@ -43,12 +64,47 @@ void JunkPage::enter() {
   form_.light_section_button(form_.junk);
   ActiveSection = 8;
   form_.action_buttons(true, true, true);
-  ocupied.Caption("0 bytes");
+  for (int i = 1; i <= 9; ++i) ocupied[i]->Caption("0 bytes");
   collect_trace_paths();
   junk_scan();
 }
 
-void JunkPage::del_block() {}
+void JunkPage::del_block() {
+  // No confirmation and no stop between categories.
+  for (int i = 1; i <= 18; ++i) {
+    if (check[i]->Value() == 1) {
+      run_category(i);
+      check[i]->Value(0);
+    }
+  }
+  run_plugins();
+  junk_folder_items.clear();
+  junk_file_items.clear();
+  junk_scan();
+}
+
+void JunkPage::run_category(int index) {
+  switch (index) {
+    case 1: cleaner_.empty_recycle_bin(); break;
+    case 2: cleaner_.clean_junk_items(); break;
+    case 3: cleaner_.clean_temp(); break;
+    case 4: cleaner_.clean_prefetch(); break;
+    case 5: cleaner_.clean_internet_cache(); break;
+    case 6: cleaner_.clean_cookies(); break;
+    case 7: cleaner_.clean_internet_logs(); break;
+    case 8: cleaner_.clean_downloaded_programs(); break;
+    case 9: cleaner_.clean_downloaded_installations(); break;
+    case 10: clean_stream_mru(); break;
+    case 11: clean_run_mru(); break;
+    case 12: clean_find_history(); break;
+    case 13: clean_clipboard(); break;
+    case 14: clean_recent_docs(); break;
+    case 15: clean_browser_history(); break;
+    case 16: clean_typed_urls(); break;
+    case 17: clean_open_save_history(); break;
+    case 18: clean_index_files(); break;
+  }
+}
 
 void JunkPage::delall_block() {
   // 17, not 18: the index files are never harrowed by Harrow All.
@@ -86,7 +142,38 @@ void JunkPage::leave_for_options() {
   form_.plain_section_button(form_.junk);
 }
 
-void JunkPage::captions(int) {}
+void JunkPage::captions(int language) {
+  find_browsers();
+  const bool en = language == 1;
+  const std::string tag = browser_tag();
+  const std::string windir = environ_value("WinDir");
+  const char* const english[19] = {
+      "", "Recycle Bin", "", "Windows temporary folders", "Prefetch files",
+      "Temporary internet  files ", "Cookies ", "Internet logs", "Downloaded Program Files",
+      "Downloaded Installations", "StreamMRU", "Run", "Find", "Clipboard", "Recent docs",
+      "History ", "Typed urls ", "Files opened with Open dialog", "All index.dat files(shred)"};
+  const char* const romanian[19] = {
+      "", "Cos de reciclare", "", "Directoare temporare Windows", "Fisiere Prefetch",
+      "Fisiere temporare internet ", "Cookies ", "Loguri Internet", "Programe downloadate",
+      "Instalari downloadate", "StreamMRU", "Run", "Find", "Clipboard", "Documente recente",
+      "Istorie ", "Adrese tastate ", "Fisiere deschise cu Open dialog", "Toate index.dat-urile"};
+  for (int i = 1; i <= 18; ++i) {
+    std::string text = en ? english[i] : romanian[i];
+    if (i == 2)
+      text = en ? "Junk files in root and " + windir + " folder"
+                : "Fisiere nefolositoare din radacina si " + windir;
+    if (i == 5 || i == 6 || i == 15 || i == 16) text += tag;
+    check[i]->Caption(text);
+  }
+  Label14.Caption(en ? " Total selected:" : " Total selectat:");
+}
+
+std::string JunkPage::browser_tag() const {
+  std::string tag = "(IE";
+  if (!opera_folder.empty()) tag += ",Opera";
+  if (!firefox_folder.empty()) tag += ",Firefox";
+  return tag + ")";
+}
 
 // The refresh button tells the two layouts apart by Picture7's left edge:
 // 2850 twips in the wide one only.
@@ -116,9 +203,8 @@ void JunkPage::famic() {
   Frame15.Visible(true);
 }
 
-void JunkPage::collect_trace_paths() {}
-void JunkPage::junk_scan() {}
 void JunkPage::lupa_Click() {}
+void JunkPage::run_plugins() {}
 bool JunkPage::scan_plugins() { return false; }
 
 }  // namespace wh

@@ -1,19 +1,29 @@
 #pragma once
 // Section 8: junk files and usage traces, with the trace viewer and the
 // plug-ins.
+#include <string>
+
+#include "cleaning/cleaner.h"
 #include "core/main_form.h"
 
 namespace wh {
 
 class JunkPage {
 public:
-  // `frame1` is the strip panel that the task manager shows too.
-  JunkPage(MainForm& form, Frame& frame1);
+  // Shared controls it is handed: `frame1`, the strip panel that the task
+  // manager shows too; `File1`, the splitter's file list, which walks the
+  // folders being cleaned; `Dir3`, the shredder's folder list, borrowed to
+  // read the browser's profile folder; the drive list `Drive1`; and the
+  // hidden file list `k1`, which other sections point at their own folders.
+  JunkPage(MainForm& form, Frame& frame1, FileListBox& File1, DirListBox& Dir3,
+           DriveListBox& Drive1, FileListBox& k1);
   virtual ~JunkPage() = default;
 
   Frame& junk_form;  // the page
   CheckBox* check[19] = {};  // the categories, 1 to 18
-  Label& ocupied;
+  Label* ocupied[10] = {};   // sizes of categories 1 to 9
+  Label& Label14;            // " Total selected:"
+  Label& total;
   ListBox& pluginlist;
   ImageButton& showplugins;
   ImageButton& Image22;  // holders of the two showplugins pictures
@@ -23,14 +33,21 @@ public:
   PictureBox& Picture7;
   ListBox& junk_files;
   Frame& frame1;
+  FileListBox& File1;
+  DirListBox& Dir3;
+  DriveListBox& Drive1;
+  FileListBox& k1;
 
   void enter();  // junk_Click
+  // The cleaning run: the ticked categories in index order, the plug-ins,
+  // then the scan again.
   void del_block();
   // Ticks every category but the index files and harrows with all plug-ins.
   void delall_block();
   void ref_block();
   void hide_extras();
   void leave_for_options();
+  // Looks for the browsers first: their names go in four captions.
   void captions(int language);
 
   void famare();  // the trace panel over the whole working area
@@ -40,10 +57,20 @@ public:
   virtual void collect_trace_paths();
   virtual void junk_scan();
   virtual void lupa_Click();  // the trace viewer, by current_check_key
-  bool scan_plugins();        // true when a plug-in was found
+  // Runs every selected line of pluginlist.
+  virtual void run_plugins();
+  bool scan_plugins();  // true when a plug-in was found
+
+  // Sets the five browser strings; the result is not used.
+  std::string find_browsers();
+  // "(IE", ",Opera" and ",Firefox" where found, ")".
+  std::string browser_tag() const;
 
 private:
+  void run_category(int index);
+
   MainForm& form_;
+  JunkCleaner cleaner_;
 };
 
 }  // namespace wh

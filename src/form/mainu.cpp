@@ -18,6 +18,8 @@ Mainu::Mainu()
       search(add<Frame>("search", at(skin::strip_panel))),
       frame1(add<Frame>("frame1", at(skin::strip_panel))),
       Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
+      Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
+      k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
       uninstall_page(*this, search),
       task_page(*this, frame1),
       split_page(*this),
@@ -27,9 +29,13 @@ Mainu::Mainu()
       options(*this),
       junk_page(*this, frame1),
       startup_page(*this, search, Text6),
+      junk_page(*this, frame1, split_page.File1, shred_page.Dir3, Drive1, k1),
+      startup_page(*this, search),
       duplicates_page(*this) {
   search.Visible(false);
   frame1.Visible(false);
+  Drive1.Visible(false);
+  k1.Visible(false);
   // Leaving a section for Options hides only some of its extras: the page
   // goes over what stays.
   options.optiuni.ZOrder(0);

@@ -93,6 +93,9 @@ public:
   void Text6_Change();
   void Text6_KeyPress(int& ascii);
   void Text6_KeyDown(int& key, int shift);
+  // Hidden lists that several sections point at their own places.
+  DriveListBox& Drive1;
+  FileListBox& k1;
 
   // The sections, in their order.
   UninstallPage uninstall_page;

@@ -383,6 +383,22 @@ int Drive::FileSystem(std::string& name) const {
 
 // --- FileSystemObject: objects and tests
 
+int FileSystemObject::GetSpecialFolder(int which, Folder& out) const {
+  char buf[MAX_PATH + 1] = {};
+  UINT n = 0;
+  if (which == 0)
+    n = GetWindowsDirectoryA(buf, sizeof buf);
+  else if (which == 1)
+    n = GetSystemDirectoryA(buf, sizeof buf);
+  else if (which == 2)
+    n = GetTempPathA(sizeof buf, buf);
+  else
+    return rt_invalid_call;
+  if (n == 0 || n >= sizeof buf) return rt_path_not_found;
+  out = Folder(strip_trailing_seps(std::string(buf, n)));
+  return rt_ok;
+}
+
 int FileSystemObject::GetFolder(const std::string& path, Folder& out) const {
   if (path.empty() || has_wildcards(path)) return rt_path_not_found;
   std::string full = GetAbsolutePathName(path);
@@ -467,6 +483,17 @@ bool FileSystemObject::DriveExists(const std::string& drive) const {
 // --- FileSystemObject: changes
 
 int FileSystemObject::DeleteFile(const std::string& pattern, bool force) const {
+  // One named file needs no listing: a folder by that name is no match,
+  // and a short name reaches the same file as the listing would.
+  // The delete is tried first: the attributes are only read when it fails.
+  if (!has_wildcards(split(pattern).name)) {
+    if (::DeleteFileA(pattern.c_str())) return rt_ok;
+    const DWORD e = GetLastError();
+    const DWORD a = GetFileAttributesA(pattern.c_str());
+    if (a == INVALID_FILE_ATTRIBUTES || (a & FILE_ATTRIBUTE_DIRECTORY)) return rt_file_not_found;
+    if (e == ERROR_ACCESS_DENIED && force && (a & kProtected)) return delete_one_file(pattern, a, true);
+    return rt_from_win32(e);
+  }
   std::string folder = pattern_folder(pattern);
   auto found = matches(pattern, false);
   if (found.empty()) return rt_file_not_found;

@@ -87,6 +87,9 @@ public:
   int GetFile(const std::string& path, File& out) const;      // 53 when missing
   int GetDrive(const std::string& drive, Drive& out) const;    // 68 when missing
   std::vector<Drive> Drives() const;                          // A: to Z: present
+  // 0 the Windows folder, 1 the system folder, 2 the temporary folder; 5
+  // for any other number.
+  int GetSpecialFolder(int which, Folder& out) const;
 
   // --- tests
   bool FileExists(const std::string& path) const;

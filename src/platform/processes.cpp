@@ -133,6 +133,17 @@ bool version_is_nt() {
   return v.dwPlatformId == 2;  // VER_PLATFORM_WIN32_NT
 }
 
+std::string environ_value(const std::string& name) {
+  std::string value(256, '\0');
+  DWORD n = GetEnvironmentVariableA(name.c_str(), value.data(), static_cast<DWORD>(value.size()));
+  if (n >= value.size()) {  // too small: n is the size needed, its NUL included
+    value.resize(n);
+    n = GetEnvironmentVariableA(name.c_str(), value.data(), n);
+  }
+  value.resize(n < value.size() ? n : 0);
+  return value;
+}
+
 int Module::load(const std::string& path) {
   h_.reset(LoadLibraryA(path.c_str()));
   if (h_) return rt_ok;

@@ -76,6 +76,9 @@ std::string command_tail();
 // GetVersionExA with the record size 148; true for platform id 2.
 bool version_is_nt();
 
+// A variable of this process's environment; empty when it is not set.
+std::string environ_value(const std::string& name);
+
 // LoadLibraryA, freed by the destructor.
 class Module {
 public:

@@ -11,22 +11,31 @@ namespace wh {
 
 namespace {
 const char* const control_prop = "WhControl";
+}  // namespace
 
-LRESULT CALLBACK subclass_proc(HWND w, UINT msg, WPARAM wp, LPARAM lp, UINT_PTR, DWORD_PTR ref) {
-  auto* c = reinterpret_cast<Control*>(ref);
+// Subclassed by hand, the object in GWLP_USERDATA: under Wine the common
+// controls' SetWindowSubclass reads a window property per message, a trip
+// to the server that made a 100-row list fill take 15 ms instead of 0.3.
+LRESULT CALLBACK control_proc(HWND w, UINT msg, WPARAM wp, LPARAM lp) {
+  auto* c = reinterpret_cast<Control*>(::GetWindowLongPtrA(w, GWLP_USERDATA));
+  if (!c) return ::DefWindowProcA(w, msg, wp, lp);
+  const WNDPROC base = c->base_proc_;
   detail::WindowScope scope;
   if (msg == WM_NCDESTROY) {
-    ::RemoveWindowSubclass(w, subclass_proc, 1);
+    ::SetWindowLongPtrA(w, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(base));
+    ::SetWindowLongPtrA(w, GWLP_USERDATA, 0);
     ::RemovePropA(w, control_prop);
     c->window_gone();
-    return ::DefSubclassProc(w, msg, wp, lp);
+    return ::CallWindowProcA(base, w, msg, wp, lp);
   }
   LRESULT result = 0;
   if (c->on_message(msg, wp, lp, result)) return result;
   // A handler may have destroyed the window (a form unloaded from a click).
   if (!::IsWindow(w)) return 0;
-  return ::DefSubclassProc(w, msg, wp, lp);
+  return ::CallWindowProcA(base, w, msg, wp, lp);
 }
+
+namespace {
 
 int buttons_of(WPARAM wp) {
   return ((wp & MK_LBUTTON) ? 1 : 0) | ((wp & MK_RBUTTON) ? 2 : 0) | ((wp & MK_MBUTTON) ? 4 : 0);
@@ -122,14 +131,17 @@ Control::Control(Form& form, std::string name, const Place& place, const char* w
                             ::GetModuleHandleA(nullptr), nullptr);
   if (!hwnd_) raise(rt_out_of_memory);
   ::SetPropA(hwnd_, control_prop, this);
-  ::SetWindowSubclass(hwnd_, subclass_proc, 1, reinterpret_cast<DWORD_PTR>(this));
+  ::SetWindowLongPtrA(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  base_proc_ = reinterpret_cast<WNDPROC>(
+      ::SetWindowLongPtrA(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(control_proc)));
   send(WM_SETFONT, reinterpret_cast<WPARAM>(font_handle(font_)), FALSE);
 }
 
 Control::~Control() {
   if (!hwnd_) return;
   // Cut the object loose first: destroying may still send notifications.
-  ::RemoveWindowSubclass(hwnd_, subclass_proc, 1);
+  ::SetWindowLongPtrA(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(base_proc_));
+  ::SetWindowLongPtrA(hwnd_, GWLP_USERDATA, 0);
   ::RemovePropA(hwnd_, control_prop);
   ::DestroyWindow(hwnd_);
 }
@@ -221,7 +233,7 @@ bool Control::key_press(const KeyPressEvent& handler, WPARAM wp, LPARAM lp, LRES
     return true;
   }
   if (ascii != static_cast<int>(wp)) {
-    result = ::DefSubclassProc(hwnd(), WM_CHAR, static_cast<WPARAM>(ascii), lp);
+    result = ::CallWindowProcA(base_proc_, hwnd(), WM_CHAR, static_cast<WPARAM>(ascii), lp);
     return true;
   }
   return false;

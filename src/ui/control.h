@@ -132,9 +132,11 @@ public:
   void window_gone() { hwnd_ = nullptr; }
 
 private:
+  friend LRESULT CALLBACK control_proc(HWND, UINT, WPARAM, LPARAM);
   Form& form_;
   std::string name_;
   HWND hwnd_ = nullptr;
+  WNDPROC base_proc_ = nullptr;  // the window class's own procedure
   FontDesc font_;
   COLORREF fore_ = system_color(COLOR_BTNTEXT);
   COLORREF back_ = system_color(COLOR_BTNFACE);

@@ -23,13 +23,13 @@ std::string drive_entry(char letter) {
   return entry;
 }
 
+// Wine started from a host folder it can't map (no Z:) reports a current
+// directory such as "unix\work\..." with no drive: then the Windows
+// folder's drive is taken, where Wine says it starts.
 char current_drive_letter() {
   char dir[MAX_PATH] = "";
   ::GetCurrentDirectoryA(sizeof dir, dir);
-  // Under Wine a process started from a host folder outside every drive has
-  // a current directory like "\\?\unix\...": take the system's drive then,
-  // not the first one listed (which is A: where there is a floppy).
-  if (dir[1] != ':') ::GetWindowsDirectoryA(dir, sizeof dir);
+  if (dir[0] == 0 || dir[1] != ':') ::GetWindowsDirectoryA(dir, sizeof dir);
   return static_cast<char>(std::tolower(static_cast<unsigned char>(dir[1] == ':' ? dir[0] : 'c')));
 }
 }  // namespace

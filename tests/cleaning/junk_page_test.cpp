@@ -10,9 +10,25 @@ using Names = std::vector<std::string>;
 
 namespace {
 
+// The shared controls the form hands the page.
+struct Shared {
+  explicit Shared(MainForm& form)
+      : frame1(form.add<Frame>("frame1", Place{0, 0, 10, 10})),
+        File1(form.add<FileListBox>("File1", Place{0, 0, 10, 10})),
+        Dir3(form.add<DirListBox>("Dir3", Place{0, 0, 10, 10})),
+        Drive1(form.add<DriveListBox>("Drive1", Place{0, 0, 10, 10})),
+        k1(form.add<FileListBox>("k1", Place{0, 0, 10, 10})) {}
+  Frame& frame1;
+  FileListBox& File1;
+  DirListBox& Dir3;
+  DriveListBox& Drive1;
+  FileListBox& k1;
+};
+
 class ProbeJunk : public JunkPage {
 public:
-  ProbeJunk(MainForm& form, Frame& frame1) : JunkPage(form, frame1), form_(form) {}
+  ProbeJunk(MainForm& form, Shared& s)
+      : JunkPage(form, s.frame1, s.File1, s.Dir3, s.Drive1, s.k1), form_(form) {}
   Names calls;
   void junk_scan() override { calls.push_back("junk_scan"); }
   void lupa_Click() override { calls.push_back("lupa_Click:" + form_.current_check_key); }
@@ -23,8 +39,8 @@ private:
 
 TEST(JunkPage, RefreshScansOrShowsTheViewerAgainByItsLayout) {
   test::TestForm form;
-  Frame& frame1 = form.add<Frame>("frame1", Place{0, 0, 10, 10});
-  ProbeJunk page(form, frame1);
+  Shared shared(form);
+  ProbeJunk page(form, shared);
   page.ref_block();
   page.Frame15.Visible(true);
   page.junk_files.AddItem("old line");
@@ -42,8 +58,8 @@ TEST(JunkPage, RefreshScansOrShowsTheViewerAgainByItsLayout) {
 
 TEST(JunkPage, TheTracePanelHasAWideAndANarrowLayout) {
   test::TestForm form;
-  Frame& frame1 = form.add<Frame>("frame1", Place{0, 0, 10, 10});
-  JunkPage page(form, frame1);
+  Shared shared(form);
+  JunkPage page(form, shared.frame1, shared.File1, shared.Dir3, shared.Drive1, shared.k1);
   page.junk_files.AddItem("left over");
   page.famare();
   EXPECT_TRUE(page.Frame15.Visible());

@@ -1,0 +1,16 @@
+#pragma once
+// The cleaners of the usage traces, categories 10 to 17 of section 8: the
+// registry's history lists, the clipboard, the recent documents, the
+// browsers' history.
+namespace wh {
+
+void clean_stream_mru();         // 10
+void clean_run_mru();            // 11
+void clean_find_history();       // 12
+void clean_clipboard();          // 13
+void clean_recent_docs();        // 14
+void clean_browser_history();    // 15
+void clean_typed_urls();         // 16
+void clean_open_save_history();  // 17
+
+}  // namespace wh
