@@ -27,10 +27,8 @@ Mainu::Mainu()
       floppy_page(*this),
       shred_page(*this),
       options(*this),
-      junk_page(*this, frame1),
-      startup_page(*this, search, Text6),
       junk_page(*this, frame1, split_page.File1, shred_page.Dir3, Drive1, k1),
-      startup_page(*this, search),
+      startup_page(*this, search, Text6),
       duplicates_page(*this) {
   search.Visible(false);
   frame1.Visible(false);
