@@ -99,7 +99,7 @@ void JunkPage::run_category(int index) {
     case 12: clean_find_history(); break;
     case 13: clean_clipboard(); break;
     case 14: clean_recent_docs(); break;
-    case 15: clean_browser_history(); break;
+    case 15: clean_browser_history(junk_files); break;
     case 16: clean_typed_urls(); break;
     case 17: clean_open_save_history(); break;
     case 18: clean_index_files(); break;

@@ -4,12 +4,16 @@
 // browsers' history.
 namespace wh {
 
+class ListBox;
+
 void clean_stream_mru();         // 10
 void clean_run_mru();            // 11
 void clean_find_history();       // 12
 void clean_clipboard();          // 13
 void clean_recent_docs();        // 14
-void clean_browser_history();    // 15
+// Deletes from the URL cache exactly the lines it appends to junk_files,
+// then clears the whole list.
+void clean_browser_history(ListBox& junk_files);  // 15
 void clean_typed_urls();         // 16
 void clean_open_save_history();  // 17
 

@@ -1,0 +1,198 @@
+// The registry traces, categories 10 to 14, 16 and 17, against the real keys
+// of the prefix: each test makes the keys it cleans and removes what stays.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "cleaning/junk_state.h"
+#include "cleaning/traces.h"
+#include "platform/clipboard.h"
+#include "platform/registry.h"
+#include "support/scratch.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::ScratchDir;
+
+namespace {
+
+const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
+const std::string kSid = "S-1-5-21-1644491937-152049171-842925246-1003";
+const std::string kAcMru = "\\Software\\Microsoft\\Search Assistant\\ACMru";
+
+bool key_exists(HKEY hive, const std::string& key) {
+  HKEY k = nullptr;
+  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
+  RegCloseKey(k);
+  return true;
+}
+
+bool value_exists(HKEY hive, const std::string& key, const std::string& name) {
+  HKEY k = nullptr;
+  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
+  const bool found =
+      RegQueryValueExA(k, name.c_str(), nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+  RegCloseKey(k);
+  return found;
+}
+
+void make_key(HKEY hive, const std::string& key,
+              std::initializer_list<std::pair<const char*, const char*>> values = {}) {
+  HKEY k = nullptr;
+  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(hive, key.c_str(), &k));
+  for (auto [name, text] : values)
+    RegSetValueExA(k, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text),
+                   static_cast<DWORD>(strlen(text) + 1));
+  RegCloseKey(k);
+}
+
+// Removes, at the end of a test, a key tree the test made.
+class MadeKey {
+public:
+  MadeKey(HKEY hive, std::string key) : hive_(hive), key_(std::move(key)) {
+    reg_delete_tree(hive_, key_);
+  }
+  ~MadeKey() { reg_delete_tree(hive_, key_); }
+  MadeKey(const MadeKey&) = delete;
+  MadeKey& operator=(const MadeKey&) = delete;
+
+private:
+  HKEY hive_;
+  std::string key_;
+};
+
+TEST(RegistryTraces, StreamsKeepDesktopAndTheKeyThatHoldsIt) {
+  MadeKey mru(HKEY_CURRENT_USER, kExplorer + "StreamMRU");
+  MadeKey streams(HKEY_CURRENT_USER, kExplorer + "Streams");
+  make_key(HKEY_CURRENT_USER, kExplorer + "StreamMRU", {{"MRUListEx", "x"}});
+  make_key(HKEY_CURRENT_USER, kExplorer + "Streams\\Desktop", {{"Settings", "s"}});
+  make_key(HKEY_CURRENT_USER, kExplorer + "Streams\\0", {{"ViewView", "v"}});
+  make_key(HKEY_CURRENT_USER, kExplorer + "Streams\\desktop");  // case counts
+
+  clean_stream_mru();
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "StreamMRU"));
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "Streams\\0"));
+  // On NT the last delete fails while Desktop stands. Wine's registry names
+  // are case-insensitive, so "desktop" and "Desktop" were one key all along.
+  EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, kExplorer + "Streams\\Desktop", "Settings"));
+
+  // Only Desktop: nothing below goes, and the key stands.
+  clean_stream_mru();
+  EXPECT_TRUE(key_exists(HKEY_CURRENT_USER, kExplorer + "Streams\\Desktop"));
+}
+
+TEST(RegistryTraces, RunRecentAndTypedListsGoWhole) {
+  MadeKey run(HKEY_CURRENT_USER, kExplorer + "RunMRU");
+  MadeKey recent(HKEY_CURRENT_USER, kExplorer + "RecentDocs");
+  MadeKey typed(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs");
+  make_key(HKEY_CURRENT_USER, kExplorer + "RunMRU", {{"a", "notepad\\1"}, {"MRUList", "a"}});
+  make_key(HKEY_CURRENT_USER, kExplorer + "RecentDocs", {{"MRUListEx", "x"}});
+  make_key(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs",
+           {{"url1", "http://example.com/"}});
+
+  clean_run_mru();
+  clean_recent_docs();
+  opera_folder.clear();
+  clean_typed_urls();
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "RunMRU"));
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "RecentDocs"));
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs"));
+}
+
+TEST(RegistryTraces, TypedUrlsTakeOperasListOnlyWhenOperaWasFound) {
+  ScratchDir dir("typed");
+  const std::string vlink = dir.file("Opera\\Profile\\vlink4.dat", "links");
+
+  opera_folder.clear();  // none found: the file is not looked for
+  clean_typed_urls();
+  EXPECT_TRUE(path_exists(vlink));
+
+  opera_folder = dir / "Opera";
+  SetFileAttributesA(vlink.c_str(), FILE_ATTRIBUTE_READONLY);
+  clean_typed_urls();  // without force
+  EXPECT_TRUE(path_exists(vlink));
+  SetFileAttributesA(vlink.c_str(), FILE_ATTRIBUTE_NORMAL);
+  clean_typed_urls();
+  EXPECT_FALSE(path_exists(vlink));
+  opera_folder.clear();
+}
+
+TEST(RegistryTraces, FindHistoryTakesOnlyTheOneLiteralUser) {
+  ASSERT_FALSE(key_exists(HKEY_USERS, kSid));  // the prefix's users are others
+  MadeKey literal(HKEY_USERS, kSid);
+  const std::string other = "S-1-5-21-1-2-3-1004";
+  MadeKey other_user(HKEY_USERS, other);
+  MadeKey doc_find(HKEY_CURRENT_USER, kExplorer + "Doc Find Spec MRU");
+  make_key(HKEY_USERS, kSid + kAcMru + "\\5603", {{"000", "letter"}});
+  make_key(HKEY_USERS, kSid + kAcMru + "\\5604", {{"000", "*.doc"}});
+  make_key(HKEY_USERS, other + kAcMru + "\\5603", {{"000", "mine"}});
+  make_key(HKEY_CURRENT_USER, kExplorer + "Doc Find Spec MRU", {{"a", "x"}});
+
+  clean_find_history();
+  EXPECT_FALSE(key_exists(HKEY_USERS, kSid + kAcMru + "\\5603"));
+  EXPECT_FALSE(key_exists(HKEY_USERS, kSid + kAcMru + "\\5604"));
+  EXPECT_TRUE(key_exists(HKEY_USERS, kSid + kAcMru));
+  EXPECT_TRUE(value_exists(HKEY_USERS, other + kAcMru + "\\5603", "000"));
+  EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, kExplorer + "Doc Find Spec MRU", "a"));
+}
+
+TEST(RegistryTraces, ClipboardIsEmptiedWhateverItHolds) {
+  ASSERT_EQ(0, clipboard_set_text("secret"));
+  clean_clipboard();
+  std::string text = "?";
+  clipboard_get_text(text);
+  EXPECT_EQ("", text);
+  ClipboardLock lock;
+  EXPECT_EQ(0, CountClipboardFormats());
+}
+
+TEST(RegistryTraces, OpenSaveListsGoByTheirMruLetters) {
+  const std::string open_save = kExplorer + "ComDlg32\\OpenSaveMRU";
+  MadeKey made(HKEY_CURRENT_USER, open_save);
+  MadeKey visited(HKEY_CURRENT_USER, kExplorer + "ComDlg32\\LastVisitedMRU");
+  make_key(HKEY_CURRENT_USER, open_save + "\\txt",
+           {{"a", "1.txt"}, {"b", "2.txt"}, {"c", "3.txt"}, {"MRUList", "ba"}});
+  // A child keeps the subkey standing, so what was deleted inside shows.
+  make_key(HKEY_CURRENT_USER, open_save + "\\txt\\child");
+  make_key(HKEY_CURRENT_USER, open_save + "\\doc", {{"a", "x.doc"}});  // no MRUList
+  make_key(HKEY_CURRENT_USER, kExplorer + "ComDlg32\\LastVisitedMRU", {{"a", "notepad.exe"}});
+
+  clean_open_save_history();
+  EXPECT_FALSE(value_exists(HKEY_CURRENT_USER, open_save + "\\txt", "a"));
+  EXPECT_FALSE(value_exists(HKEY_CURRENT_USER, open_save + "\\txt", "b"));
+  EXPECT_FALSE(value_exists(HKEY_CURRENT_USER, open_save + "\\txt", "MRUList"));
+  EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, open_save + "\\txt", "c"));
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, open_save + "\\doc"));
+  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "ComDlg32\\LastVisitedMRU"));
+}
+
+TEST(RegistryTraces, AppletListsTestFile1OnceAndThePlayerReadsEachEntry) {
+  const std::string wordpad =
+      "Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Wordpad\\Recent File List";
+  const std::string paint =
+      "Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Paint\\Recent File List";
+  const std::string player = "Software\\Microsoft\\MediaPlayer\\Player\\RecentURLList";
+  MadeKey w(HKEY_CURRENT_USER, wordpad), p(HKEY_CURRENT_USER, paint),
+      m(HKEY_CURRENT_USER, player);
+  // Wordpad's list has no File1: one delete, then the end.
+  make_key(HKEY_CURRENT_USER, wordpad, {{"File2", "b.doc"}});
+  // Paint's has File1: every name to File100 is tried, gaps or not.
+  make_key(HKEY_CURRENT_USER, paint,
+           {{"File1", "a.bmp"}, {"File57", "b.bmp"}, {"File100", "c.bmp"}, {"File101", "d"}});
+  make_key(HKEY_CURRENT_USER, player, {{"URL0", "a.mp3"}, {"URL1", "b.mp3"}, {"URL3", "d.mp3"}});
+
+  clean_open_save_history();
+  EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, wordpad, "File2"));
+  for (const char* name : {"File1", "File57", "File100"})
+    EXPECT_FALSE(value_exists(HKEY_CURRENT_USER, paint, name)) << name;
+  EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, paint, "File101"));
+  EXPECT_FALSE(value_exists(HKEY_CURRENT_USER, player, "URL0"));
+  EXPECT_FALSE(value_exists(HKEY_CURRENT_USER, player, "URL1"));
+  EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, player, "URL3"));  // URL2 read empty
+}
+
+}  // namespace
