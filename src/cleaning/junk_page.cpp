@@ -102,7 +102,7 @@ void JunkPage::run_category(int index) {
     case 15: clean_browser_history(junk_files); break;
     case 16: clean_typed_urls(); break;
     case 17: clean_open_save_history(); break;
-    case 18: clean_index_files(); break;
+    case 18: clean_index_files(shred_file, !form_.Visible()); break;
   }
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cleaning/cleaner.h"
+#include "cleaning/index_files.h"
 #include "core/main_form.h"
 
 namespace wh {
@@ -37,6 +38,9 @@ public:
   DirListBox& Dir3;
   DriveListBox& Drive1;
   FileListBox& k1;
+  // The file tools' silent shred, handed in by the form: category 18
+  // overwrites the index files with it.
+  ShredFile shred_file;
 
   void enter();  // junk_Click
   // The cleaning run: the ticked categories in index order, the plug-ins,

@@ -1,6 +1,7 @@
 #include "form/mainu.h"
 
 #include "core/later.h"
+#include "filetools/shredder.h"
 #include "form/hover.h"
 
 namespace wh {
@@ -34,6 +35,10 @@ Mainu::Mainu()
   frame1.Visible(false);
   Drive1.Visible(false);
   k1.Visible(false);
+  // Category 18 overwrites the index files with the shredder.
+  junk_page.shred_file = [](const std::string& path, uint8_t passes) {
+    shred_file(path, passes, true);
+  };
   // Leaving a section for Options hides only some of its extras: the page
   // goes over what stays.
   options.optiuni.ZOrder(0);
