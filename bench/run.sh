@@ -13,7 +13,7 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
 benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
-         bench_junk_scan bench_clean_tree)
+         bench_junk_scan bench_clean_tree bench_url_cache)
 bash "$here/scripts/deps.sh"
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
@@ -210,3 +210,10 @@ done
 rm_us=$(best_us fresh_copy rm -rf "$copy")
 report "clean_tree vs rm -rf" "$best" "$(awk -v t="$rm_us" 'BEGIN { print t / 1e3 }')" ms 1
 report "clean_tree vs DeleteFileA walk (both in Wine)" "$best" "$best_plain" ms 1
+
+# --- load_url_cache_list over 5,000 history entries -------------------------
+# No native tool reads Wine's URL cache: the anchor is a walk of the same
+# cache with one fixed buffer, in the same program.
+run_wine bench_url_cache 'C:\wh\bench' 5000
+report "load_url_cache_list vs FindNextUrlCacheEntryA walk (both in Wine)" \
+  "$(figure bench_url_cache url_cache)" "$(figure bench_url_cache plain_walk)" ms 1
