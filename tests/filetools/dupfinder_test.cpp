@@ -163,7 +163,8 @@ TEST_F(DupSamples, OnlyTheTwoSamplesAreCompared) {
                  r.lines.push_back(l);
                  r.items.push_back(item);
                },
-               .total = [&](const std::string& s) { r.total = s; }};
+               .total = [&](const std::string& s) { r.total = s; },
+               .length = {}};
   DupRuns runs(t, true, r.waste, true, sink);
   runs.compare_group(1, 5);
   ASSERT_EQ(3u, r.lines.size());
@@ -184,7 +185,8 @@ TEST_F(DupSamples, AFirstFileThatMatchesNothingHidesTheOtherPairs) {
   int lines = 0;
   DupRuns runs(t, true, waste, true,
                DupSink{.line = [&](const std::string&, long) { ++lines; },
-                       .total = [](const std::string&) {}});
+                       .total = [](const std::string&) {},
+                       .length = {}});
   runs.compare_group(1, 3);
   EXPECT_EQ(0, lines);
   EXPECT_EQ(0, runs.group()) << "the number taken back";
@@ -209,7 +211,8 @@ TEST_F(DupSamples, ShortFilesAndMissingOnesEndTheRunQuietly) {
   double waste = 0;
   DupRuns runs(t, true, waste, true,
                DupSink{.line = [&](const std::string&, long) { ++lines; },
-                       .total = [](const std::string&) {}});
+                       .total = [](const std::string&) {},
+                       .length = {}});
   runs.compare_group(1, 2);
   EXPECT_EQ(0, lines);
 }
