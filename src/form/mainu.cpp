@@ -32,6 +32,8 @@ Mainu::Mainu()
       duplicates_page(*this, k1) {
   search.Visible(false);
   frame1.Visible(false);
+  // They sit on the dark strip under the pages.
+  for (Frame* f : {&search, &frame1}) f->BackColor(skin::well_color);
   Drive1.Visible(false);
   k1.Visible(false);
   // Leaving a section for Options hides only some of its extras: the page
