@@ -1,5 +1,6 @@
 #pragma once
-// A main form with nothing above it, for benchmarks of a page's engine.
+// A main form for the benchmarks of one page: the shared controls, and the
+// calls that go up to the form doing nothing.
 #include "core/main_form.h"
 
 namespace bench {

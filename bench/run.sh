@@ -13,8 +13,13 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
 benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
-         bench_junk_scan bench_clean_tree bench_url_cache)
+         bench_junk_scan bench_clean_tree bench_duplicates_scan bench_disk_root bench_url_cache)
 bash "$here/scripts/deps.sh"
+# The anchor of the duplicate finder.
+if ! command -v jdupes >/dev/null; then
+  DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends jdupes >/dev/null ||
+    { apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq jdupes >/dev/null; }
+fi
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
 . "$here/scripts/wine-env.sh"
@@ -210,6 +215,62 @@ done
 rm_us=$(best_us fresh_copy rm -rf "$copy")
 report "clean_tree vs rm -rf" "$best" "$(awk -v t="$rm_us" 'BEGIN { print t / 1e3 }')" ms 1
 report "clean_tree vs DeleteFileA walk (both in Wine)" "$best" "$best_plain" ms 1
+
+  "$(figure bench_lcd_write fill_textout)" us 1
+
+# --- same-content search of 30,000 files against jdupes -r ------------------
+# 100 folders of 300 files in 1,000 sizes (600 to 7,593 bytes), so each size
+# has 30 equal files: the most files the finder takes, every one a candidate.
+dups=$data/dups
+make_dups() {
+  local d i g pad
+  printf -v pad '%8000s' ''
+  pad=${pad// /d}
+  for ((d = 0; d < 100; d++)); do
+    mkdir -p "$dups/f$d"
+    for ((i = 0; i < 300; i++)); do
+      g=$(((d * 300 + i) % 1000))
+      printf '%s' "${pad:0:600 + 7 * g}" >"$dups/f$d/n$i.bin"
+    done
+  done
+}
+make_dups
+run_wine bench_duplicates_scan 'C:\wh\bench\dups'  # warms itself
+ours=$(figure bench_duplicates_scan dup_scan)
+jd() { jdupes -r -q "$dups" >/dev/null; }
+jd  # warm
+jd_us=$(best_us nothing jd)
+report "duplicate search vs jdupes -r" "$ours" "$(awk -v t="$jd_us" 'BEGIN { print t / 1e6 }')" s 3
+rm -rf "$dups"
+
+# --- afisdirs of a root holding 200,000 files against du -sb ----------------
+# 20 top folders of 50 folders of 200 files, 1 to 700 bytes; the tree is
+# drive T: of the prefix, so the listing is a root's.
+big=$data/big
+make_big() {
+  local t f i n=0 sub pad
+  printf -v pad '%700s' ''
+  pad=${pad// /x}
+  for ((t = 0; t < 20; t++)); do
+    for ((f = 0; f < 50; f++)); do
+      sub=$big/t$t/f$f
+      mkdir -p "$sub"
+      for ((i = 0; i < 200; i++)); do
+        printf '%s' "${pad:0:n % 700 + 1}" >"$sub/$i.dat"
+        n=$((n + 1))
+      done
+    done
+  done
+}
+make_big
+ln -sfn "$big" "$WINEPREFIX/dosdevices/t:"
+run_wine bench_disk_root 'T:\'  # warms itself
+ours=$(figure bench_disk_root afisdirs_root)
+du_big() { du -sb "$big" >/dev/null; }
+du_big  # warm
+du_us=$(best_us nothing du_big)
+report "afisdirs of a root vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
+rm -f "$WINEPREFIX/dosdevices/t:"
 
 # --- load_url_cache_list over 5,000 history entries -------------------------
 # No native tool reads Wine's URL cache: the anchor is a walk of the same

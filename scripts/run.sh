@@ -17,4 +17,7 @@ wh_use_prefix "$build/run-prefix" "$build/run-xdg"
 [ -d "$WINEPREFIX/drive_c" ] || wh_new_prefix
 mkdir -p "$WINEPREFIX/drive_c/Wellharrower"
 cp "$build/bin/Wellharrower.exe" "$WINEPREFIX/drive_c/Wellharrower/"
+# Started from its own folder, as Explorer would: from a host folder Wine has
+# no drive for (no Z:), the current folder would read "unix\...".
+cd "$WINEPREFIX/drive_c/Wellharrower"
 exec "$WINE64" 'C:\Wellharrower\Wellharrower.exe' "$@"

@@ -1,8 +1,13 @@
 #pragma once
-// Section 4: the disk space explorer.
+// Section 4, the disk space explorer: the folders and files of a folder,
+// largest first, to walk down and up and to delete. Folder sizes walk
+// whole trees, so each drive's root listing is kept (17 drives at most).
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/main_form.h"
+#include "filetools/disk_scan.h"
 
 namespace wh {
 
@@ -13,7 +18,16 @@ public:
   Frame& Frame5;  // the page
   DriveListBox& Drive3;
   Label& back;  // the folder shown
-  ListBox& list;
+  ListBox& list;      // folders
+  ListBox& listfile;  // files
+  Label& usedlabel;   // the drive's used space
+  Label& freelabel;   // and its free space
+  Label& totallabel;  // everything the folder holds
+  Label& label8;      // what is selected
+  Label& dirprogress;
+  Frame& waita;  // the wait panel over the lists
+  Label& Label40;
+  PictureBox& Image5;  // preview of a picture file
   ImageButton& explorer;
 
   void enter();  // dirinfo_Click
@@ -25,9 +39,32 @@ public:
 
   void Drive3_Change();
   void afisdirs(const std::string& path, bool select_saved);
+  bool driveexists(const std::string& path, int count) const;
+
+  void list_Click();
+  void listfile_Click();
+  void list_DblClick();
+  void list_KeyDown(int& key, int shift);
+  void listfile_KeyDown(int& key, int shift);
+
+  // Forces a rescan of a root even when it is cached (the refresh button).
+  bool rescan = false;
+
+  SizedTable folders;  // the current folder's, in list order
+  SizedTable files;
+  RootCache cache;
+  std::vector<int16_t> stack;  // selected line of each level walked down
+  uint8_t depth = 0;
 
 private:
+  void drive_labels(const std::string& root);
+  void show_space();
+  void hide_preview();
+  bool has_up() const;
+  std::string child_path(const std::string& name) const;
   MainForm& form_;
+  double used_ = 0, free_ = 0, total_ = 0;
+  bool clicking_ = false;
 };
 
 }  // namespace wh

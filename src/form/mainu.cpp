@@ -29,10 +29,12 @@ Mainu::Mainu()
       shred_page(*this),
       options(*this),
       junk_page(*this, frame1, split_page.File1, shred_page.Dir3, Drive1, k1),
-      startup_page(*this, search, Text6),
-      duplicates_page(*this) {
+      startup_page(*this, search, Text6, k1),
+      duplicates_page(*this, k1) {
   search.Visible(false);
   frame1.Visible(false);
+  // They sit on the dark strip under the pages.
+  for (Frame* f : {&search, &frame1}) f->BackColor(skin::well_color);
   Drive1.Visible(false);
   k1.Visible(false);
   // Category 18 overwrites the index files with the shredder.

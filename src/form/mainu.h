@@ -80,6 +80,12 @@ public:
   virtual void ref_floppy();
   virtual void ref_shred();
 
+  // Whether the disk explorer holds the root listing of `path`'s drive among
+  // its first `count` cached drives.
+  bool driveexists(const std::string& path, int count) const {
+    return disk_page.driveexists(path, count);
+  }
+
   // --- blocks of the form whose content comes with later work (later.cpp)
   void Command1_Click();  // the quick tip's demonstration
   void monitor_start();   // the system monitor's first run

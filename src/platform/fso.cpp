@@ -277,6 +277,18 @@ int Folder::SubFolders(std::vector<Folder>& out) const {
   return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
 }
 
+int Folder::Entries(std::vector<File>& files, std::vector<Folder>& folders) const {
+  files.clear();
+  folders.clear();
+  DWORD e = list(join(path_, "*"), [&](const WIN32_FIND_DATAA& fd) {
+    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+      folders.emplace_back(join(path_, fd.cFileName));
+    else
+      files.push_back(File{fd.cFileName, join(path_, fd.cFileName), size_of(fd), fd.dwFileAttributes});
+  });
+  return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
+}
+
 std::vector<File> Folder::Files() const {
   std::vector<File> out;
   Files(out);
@@ -289,7 +301,14 @@ std::vector<Folder> Folder::SubFolders() const {
   return out;
 }
 
+namespace {
+long g_size_calls = 0;
+}  // namespace
+
+long folder_size_calls() { return g_size_calls; }
+
 int Folder::Size(double& size) const {
+  ++g_size_calls;
   // One listing per folder and no file opened: the sizes come with the
   // entries. Junctions are counted as empty rather than followed, which keeps
   // the walk finite and keeps linked trees from being counted twice.

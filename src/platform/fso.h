@@ -44,6 +44,8 @@ public:
   // Same, with the error number of the listing.
   int Files(std::vector<File>& out) const;
   int SubFolders(std::vector<Folder>& out) const;
+  // Both from one listing of the folder.
+  int Entries(std::vector<File>& files, std::vector<Folder>& folders) const;
 
   // Sum of the sizes of every file in the tree. 70 when some folder inside
   // cannot be listed (size is then what was counted so far).
@@ -126,6 +128,9 @@ public:
   // Full path from the current directory (GetFullPathNameA).
   std::string GetAbsolutePathName(const std::string& path) const;
 };
+
+// How many Folder::Size computations this process has run.
+long folder_size_calls();
 
 // The program's one instance, made on first use.
 FileSystemObject& file_system();

@@ -18,6 +18,7 @@ const char* rt_text(int number) {
     case rt_file_exists: return "File already exists";
     case rt_disk_full: return "Disk full";
     case rt_input_past_end: return "Input past end of file";
+    case rt_bad_record_number: return "Bad record number";
     case rt_too_many_files: return "Too many files";
     case rt_device_unavailable: return "Device unavailable";
     case rt_permission_denied: return "Permission denied";

@@ -27,6 +27,7 @@ enum rt : int {
   rt_file_exists = 58,
   rt_disk_full = 61,
   rt_input_past_end = 62,
+  rt_bad_record_number = 63,
   rt_too_many_files = 67,
   rt_device_unavailable = 68,
   rt_permission_denied = 70,

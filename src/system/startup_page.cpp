@@ -124,7 +124,8 @@ void delete_key_tree(HKEY root, const std::string& key) {
   reg_delete_key(root, key);
 }
 
-StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_text)
+StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_text,
+                         FileListBox& hidden_list)
     : RUNframe(form.add<Frame>("RUNframe", page_place())),
       reg_title(form.add<Label>("reg_title", title_place(0, 0, &RUNframe))),
       folder_title(form.add<Label>("folder_title", title_place(1, 0, &RUNframe))),
@@ -145,7 +146,7 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_te
       List6(form.add<ListBox>("List6", Place{6, 34, 152, 156, &backupitems})),
       Image8_0(form.add<ImageButton>("Image8_0", Place{84, 194, 72, 50, &backupitems})),
       Image8_1(form.add<ImageButton>("Image8_1", Place{6, 194, 72, 50, &backupitems})),
-      k1(form.add<FileListBox>("k1", Place{0, 0, 10, 10})),
+      k1(hidden_list),
       k2(form.add<FileListBox>("k2", Place{0, 0, 10, 10})),
       umb_up(form.add<ImageButton>("umb_up", extra_place(3))),
       search(search_panel),
@@ -155,7 +156,6 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_te
   RUNframe.ZOrder(0);  // over the lists that sit on the form itself
   backupitems.Visible(false);
   backupitems.ZOrder(0);
-  k1.Visible(false);
   k2.Visible(false);
   umb_up.Visible(false);
   umb_up.LoadPicture("UMBRELLA_CLOSED");

@@ -24,7 +24,7 @@ class StartupPage {
 public:
   // `search` is the search panel that the uninstall section shares, with
   // its text box Text6.
-  StartupPage(MainForm& form, Frame& search, TextBox& Text6);
+  StartupPage(MainForm& form, Frame& search, TextBox& Text6, FileListBox& k1);
 
   Frame& RUNframe;  // the page
   Label& reg_title;

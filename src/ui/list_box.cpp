@@ -108,9 +108,14 @@ bool ListBox::Selected(int index) const {
 void ListBox::Selected(int index, bool on) {
   check_row(index);
   if (Selected(index) == on) return;
-  if (multi())
+  if (multi()) {
     send(LB_SETSEL, on, index);
-  else
+    // Selecting a row also makes it the current one, as a click would.
+    if (on) {
+      send(LB_SETCARETINDEX, index, FALSE);
+      current_set_ = true;
+    }
+  } else
     send(LB_SETCURSEL, on ? index : -1);
   fire(Click);
 }

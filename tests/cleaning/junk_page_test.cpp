@@ -3,6 +3,7 @@
 
 #include "cleaning/junk_page.h"
 #include "core/globals.h"
+#include "cleaning/junk_support.h"
 #include "support/test_form.h"
 
 using namespace wh;
@@ -10,24 +11,9 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-// The shared controls the form hands the page.
-struct Shared {
-  explicit Shared(MainForm& form)
-      : frame1(form.add<Frame>("frame1", Place{0, 0, 10, 10})),
-        File1(form.add<FileListBox>("File1", Place{0, 0, 10, 10})),
-        Dir3(form.add<DirListBox>("Dir3", Place{0, 0, 10, 10})),
-        Drive1(form.add<DriveListBox>("Drive1", Place{0, 0, 10, 10})),
-        k1(form.add<FileListBox>("k1", Place{0, 0, 10, 10})) {}
-  Frame& frame1;
-  FileListBox& File1;
-  DirListBox& Dir3;
-  DriveListBox& Drive1;
-  FileListBox& k1;
-};
-
 class ProbeJunk : public JunkPage {
 public:
-  ProbeJunk(MainForm& form, Shared& s)
+  ProbeJunk(MainForm& form, test::JunkShared& s)
       : JunkPage(form, s.frame1, s.File1, s.Dir3, s.Drive1, s.k1), form_(form) {}
   Names calls;
   void junk_scan() override { calls.push_back("junk_scan"); }
@@ -39,7 +25,7 @@ private:
 
 TEST(JunkPage, RefreshScansOrShowsTheViewerAgainByItsLayout) {
   test::TestForm form;
-  Shared shared(form);
+  test::JunkShared shared(form);
   ProbeJunk page(form, shared);
   page.ref_block();
   page.Frame15.Visible(true);
@@ -58,7 +44,7 @@ TEST(JunkPage, RefreshScansOrShowsTheViewerAgainByItsLayout) {
 
 TEST(JunkPage, TheTracePanelHasAWideAndANarrowLayout) {
   test::TestForm form;
-  Shared shared(form);
+  test::JunkShared shared(form);
   JunkPage page(form, shared.frame1, shared.File1, shared.Dir3, shared.Drive1, shared.k1);
   page.junk_files.AddItem("left over");
   page.famare();

@@ -180,7 +180,8 @@ protected:
   TestForm form;
   Frame& search = form.add<Frame>("search", Place{0, 0, 250, 42});
   TextBox& Text6 = form.add<TextBox>("Text6", Place{8, 12, 234, 22, &search});
-  StartupPage page{form, search, Text6};
+  FileListBox& k1 = form.add<FileListBox>("k1", Place{0, 0, 10, 10});
+  StartupPage page{form, search, Text6, k1};
   bool had_user_run_services = false, had_wininit = false;
   std::string win_ini, system_ini, wininit_ini, user_startup, common_startup;
 };

@@ -1,0 +1,253 @@
+// The duplicate finder's page on a small test form: real trees under the
+// scratch folder, searched by name and by content, the masks, the results
+// and their deletion.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/globals.h"
+#include "core/settings.h"
+#include "filetools/duplicates_page.h"
+#include "platform/registry.h"
+#include "platform/rt_error.h"
+#include "support/scratch.h"
+#include "support/test_form.h"
+#include "ui/ui.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::ScratchDir;
+using wh::test::TestForm;
+
+namespace {
+
+class DupSection : public ::testing::Test {
+protected:
+  void SetUp() override {
+    wipe();
+    language_flag = 1;
+    ActiveSection = 0;
+    form.Show();  // the results list takes the focus
+    form.handlers["hide_section_extras"] = [this] { page.hide_extras(); };
+    page.enter();
+  }
+  void TearDown() override { wipe(); }
+  static void wipe() { reg_delete_tree(HKEY_CURRENT_USER, "Software\\Wellharrower"); }
+
+  // Only `folder` chosen in List4.
+  void search(const std::string& folder) {
+    page.List4.AddItem(folder);
+    for (int i = 0; i < page.List4.ListCount(); ++i)
+      page.List4.Selected(i, page.List4.List(i) == folder);
+  }
+  void other(const std::string& masks) {
+    page.Image36_Click(4);
+    for (int i = 0; i < page.List5.ListCount(); ++i) page.List5.Selected(i, false);
+    page.Text7.Text(masks);
+    int enter = VK_RETURN;
+    page.Text7_KeyDown(enter, 0);
+    page.Frame18.Visible(false);
+  }
+  std::vector<std::string> lines() {
+    std::vector<std::string> out;
+    for (int i = 0; i < page.duplicates.ListCount(); ++i) out.push_back(page.duplicates.List(i));
+    return out;
+  }
+
+  TestForm form;
+  FileListBox& k1 = form.add<FileListBox>("k1", Place{0, 0, 10, 10});
+  DuplicatesPage page{form, k1};
+};
+
+}  // namespace
+
+TEST_F(DupSection, EnteringListsTheStoredFoldersAndTheFixedDrivesOnce) {
+  EXPECT_EQ(10, ActiveSection);
+  EXPECT_FALSE(form.del.Visible()) << "no results yet";
+  bool c = false;
+  for (int i = 0; i < page.List4.ListCount(); ++i) c = c || page.List4.List(i) == "c:\\";
+  EXPECT_TRUE(c);
+  save_setting("Paths", "C:\\wh\\scratch|c:\\|");
+  ActiveSection = 0;
+  page.enter();
+  int roots = 0;
+  for (int i = 0; i < page.List4.ListCount(); ++i) roots += page.List4.List(i) == "c:\\";
+  EXPECT_EQ(1, roots);
+  EXPECT_EQ("C:\\wh\\scratch", page.List4.List(0));
+  EXPECT_EQ(0u, setting("Paths").find("C:\\wh\\scratch|c:\\|"));
+}
+
+TEST_F(DupSection, SameNameIgnoresCaseAndNumbersEachGroup) {
+  ScratchDir dir("dup_names");
+  dir.file("one\\A.TXT", "12345");
+  dir.file("two\\a.txt", "12345");
+  dir.file("two\\0.txt", "solo");  // alphabetically first: the pair is not last
+  dir.file("one\\k.txt", "k");
+  dir.file("two\\sub\\K.Txt", "kk");
+  dir.file("two\\sub\\k.txt.bak", "not matched");
+  search(dir.path());
+  other("*.txt");
+  page.Option3.Value(true);
+  ScriptedDialogs boxes;
+  page.Image37_Click();
+  EXPECT_EQ(0u, boxes.count());
+  const auto l = lines();
+  ASSERT_EQ(4u, l.size());
+  EXPECT_EQ("1 ", l[0].substr(0, 2));
+  EXPECT_EQ("1 ", l[1].substr(0, 2));
+  EXPECT_EQ("K.TXT", name_key(l[0]));
+  EXPECT_EQ("2 ", l[2].substr(0, 2));
+  EXPECT_EQ("2 ", l[3].substr(0, 2));
+  EXPECT_EQ("A.TXT", name_key(l[2]));
+  EXPECT_EQ(5, page.duplicates.ItemData(3)) << "the file's length";
+  EXPECT_TRUE(form.del.Visible());
+  EXPECT_TRUE(page.Picture17.Visible());
+  EXPECT_FALSE(page.Picture18.Visible());
+  EXPECT_TRUE(page.Image37.Enabled());
+  EXPECT_FALSE(form.scanningdupes);
+  EXPECT_EQ(" Total waisted : ", page.label19.Caption().substr(0, 17));
+}
+
+TEST_F(DupSection, NothingFoundLeavesDelHiddenAndSaysSo) {
+  ScratchDir dir("dup_none");
+  dir.file("one\\a.txt", "a");
+  dir.file("two\\a.txt", "a");  // the only pair is the last one: never looked at
+  search(dir.path());
+  other("*.txt");
+  form.del.Visible(false);
+  page.Image37_Click();
+  EXPECT_EQ(0, page.duplicates.ListCount());
+  EXPECT_FALSE(form.del.Visible());
+  EXPECT_EQ("No duplicates found!", page.label19.Caption());
+}
+
+TEST_F(DupSection, SameContentComparesTwoSamplesOfEqualSizes) {
+  ScratchDir dir("dup_content");
+  const std::string base(5000, 'm');
+  std::string outside = base;
+  outside[2500] = '!';  // between 10% and 90%
+  std::string four(4000, 'f'), inside = four;
+  inside[450] = '!';  // in the first sample (400..655)
+  dir.file("a\\orig.dat", base);
+  dir.file("b\\copy.dat", outside);
+  dir.file("a\\four.dat", four);
+  dir.file("b\\four.dat", inside);
+  dir.file("c\\small.dat", "tiny file, alone at the end");
+  search(dir.path());
+  other("*.dat");
+  page.Option4.Value(true);
+  page.Image37_Click();
+  const auto l = lines();
+  ASSERT_EQ(2u, l.size());
+  EXPECT_EQ("1 ", l[0].substr(0, 2));
+  EXPECT_EQ("1 ", l[1].substr(0, 2));
+  const int copy = l[0].find("copy.dat") != std::string::npos ? 0 : 1;
+  EXPECT_EQ("1 " + dir / "b\\copy.dat", l[copy]);
+  EXPECT_EQ("1 " + dir / "a\\orig.dat", l[1 - copy]);
+  EXPECT_EQ(5000, page.duplicates.ItemData(1));
+  EXPECT_EQ(5000, form.totalwaist);
+
+  // The sum of the selected lines, then their deletion: force false.
+  page.duplicates.Selected(copy, true);
+  page.duplicates_Click();
+  EXPECT_EQ("Total selected :4 KB", page.l8.Caption());
+  page.del_block();
+  EXPECT_FALSE(path_exists(dir / "b\\copy.dat"));
+  EXPECT_TRUE(path_exists(dir / "a\\orig.dat"));
+  EXPECT_EQ(0, form.totalwaist);
+  ASSERT_EQ(1, page.duplicates.ListCount());
+
+  SetFileAttributesA((dir / "a\\orig.dat").c_str(), FILE_ATTRIBUTE_READONLY);
+  page.duplicates.Selected(0, true);
+  page.del_block();
+  EXPECT_TRUE(path_exists(dir / "a\\orig.dat")) << "read-only stays; its line goes";
+  EXPECT_EQ(0, page.duplicates.ListCount());
+  EXPECT_EQ("", page.label19.Caption());
+  SetFileAttributesA((dir / "a\\orig.dat").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(DupSection, FilesOfTheEndMarksSizeAtTheEndFailTheScan) {
+  ScratchDir dir("dup_mark");
+  const std::string mark(66666, 'z');
+  dir.file("a\\big.dat", std::string(70000, 'b'));
+  for (const char* n : {"a\\1.dat", "b\\2.dat", "c\\3.dat"}) dir.file(n, mark);
+  search(dir.path());
+  other("*.dat");
+  page.Option4.Value(true);
+  try {
+    page.Image37_Click();
+    FAIL() << "the walk should have run past the table";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(rt_subscript, e.number());
+  }
+}
+
+TEST_F(DupSection, VideoWithDocumentsMatchesNeitherMovNorDoc) {
+  ScratchDir dir("dup_masks");
+  for (const char* n : {"1\\clip.mov", "2\\clip.mov", "1\\memo.doc", "2\\memo.doc",
+                        "1\\sheet.xls", "2\\sheet.xls", "2\\alone.xls"})
+    dir.file(n, "same");
+  search(dir.path());
+  page.Image36_Click(1);
+  page.Image36_Click(2);
+  EXPECT_TRUE(page.marker(1) && page.marker(2));
+  page.Image37_Click();
+  const auto l = lines();
+  ASSERT_EQ(2u, l.size());
+  EXPECT_EQ("SHEET.XLS", name_key(l[0]));
+  EXPECT_EQ("*.mpg;*.wmv;*.avi;*.divx;*.mov*.doc;*.xls;*.sxw;*.sxc;*.ppt;*.pd", page.k1.Pattern());
+}
+
+TEST_F(DupSection, OtherTakesItsOwnMasksAndAnyMaskClearsOther) {
+  page.Image36_Click(0);
+  page.Image36_Click(4);
+  EXPECT_FALSE(page.marker(0));
+  EXPECT_TRUE(page.Frame18.Visible());
+  // The first use shows two masks more than it stores.
+  EXPECT_EQ(16, page.List5.ListCount());
+  EXPECT_EQ("*.xls", page.List5.List(15));
+  EXPECT_EQ("*.exe|*.mp3|*.wav|*.wma|*.avi|*.mpg|*.wmv|*.mov|*.bmp|*.jpg|*.gif|*.rar|*.ace|*.zip",
+            setting("Masks"));
+  page.Image36_Click(1);
+  EXPECT_FALSE(page.marker(1)) << "pictures do nothing while the masks show";
+
+  page.List5.Selected(0, true);
+  page.List5.Selected(3, true);
+  page.Text7.Text("iso");
+  int key = VK_RETURN;
+  page.Text7_KeyDown(key, 0);
+  EXPECT_EQ("*.iso", page.List5.List(16));
+  EXPECT_TRUE(page.List5.Selected(16));
+  EXPECT_EQ(3, page.List5.SelCount());
+  page.Text7.Text("*.*");
+  key = VK_RETURN;
+  page.Text7_KeyDown(key, 0);
+  EXPECT_EQ(1, page.List5.SelCount());
+  EXPECT_EQ("*.*", page.List5.List(page.List5.ListIndex()));
+  EXPECT_EQ("", page.Text7.Text());
+  EXPECT_NE(std::string::npos, setting("Masks").find("|*.iso|*.*|"));
+
+  page.Frame18.Visible(false);
+  page.Image36_Click(3);
+  EXPECT_FALSE(page.marker(4));
+  EXPECT_TRUE(page.marker(3));
+}
+
+TEST_F(DupSection, MissingChoicesAreToldApart) {
+  for (int i = 0; i < page.List4.ListCount(); ++i) page.List4.Selected(i, false);
+  ScriptedDialogs boxes;
+  page.Image37_Click();
+  page.List4.Selected(0, true);
+  page.Image37_Click();
+  page.List4.Selected(0, false);
+  page.Image36_Click(0);
+  page.Image37_Click();
+  ASSERT_EQ(3u, boxes.count());
+  EXPECT_EQ("Please select what folders to scan and what type of files to look for!",
+            boxes.boxes()[0].text);
+  EXPECT_EQ("Please select what type of files to scan!", boxes.boxes()[1].text);
+  EXPECT_EQ("Please select what folders to scan!", boxes.boxes()[2].text);
+  EXPECT_EQ(static_cast<unsigned>(MB_ICONINFORMATION), boxes.last().style & MB_ICONMASK);
+}
