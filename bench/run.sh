@@ -13,7 +13,7 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
 benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
-         bench_junk_scan bench_clean_tree)
+         bench_junk_scan bench_clean_tree bench_monitor_tick)
 bash "$here/scripts/deps.sh"
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
@@ -210,3 +210,12 @@ done
 rm_us=$(best_us fresh_copy rm -rf "$copy")
 report "clean_tree vs rm -rf" "$best" "$(awk -v t="$rm_us" 'BEGIN { print t / 1e3 }')" ms 1
 report "clean_tree vs DeleteFileA walk (both in Wine)" "$best" "$best_plain" ms 1
+
+# --- one monitor tick against reading /proc/stat and /proc/meminfo ----------
+# Ours: drive line, memory, CPU sample and four panel lines, per tick; the
+# anchor: one read of each file by a native process, per read, 500 times.
+run_wine bench_monitor_tick
+ours=$(figure bench_monitor_tick monitor_tick)
+proc_reads() { for ((k = 0; k < 500; k++)); do read -r _ </proc/stat; read -r _ </proc/meminfo; done; }
+proc_us=$(best_us nothing proc_reads)
+report "monitor tick vs /proc/stat+meminfo reads" "$ours" "$(awk -v t="$proc_us" 'BEGIN { print t / 500 }')" us 1
