@@ -67,8 +67,11 @@ void TaskPage::enter() {
   form_.hide_section_extras();
   frame1.Visible(true);
   frogsus.Visible(true);
-  for (Control* c : std::initializer_list<Control*>{&Label_processes, &Label_windows, &List2, &List3})
+  // Over the lists of other sections that sit on the form itself.
+  for (Control* c : std::initializer_list<Control*>{&Label_processes, &Label_windows, &List2, &List3}) {
     c->Visible(true);
+    c->ZOrder(0);
+  }
   form_.light_section_button(form_.task);
   ActiveSection = 2;
   form_.action_buttons(true, true, true);
