@@ -13,7 +13,8 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 rounds=3
 benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
-         bench_junk_scan bench_clean_tree bench_duplicates_scan bench_disk_root bench_url_cache)
+         bench_junk_scan bench_clean_tree bench_duplicates_scan bench_disk_root bench_url_cache
+         bench_monitor_tick)
 bash "$here/scripts/deps.sh"
 # The anchor of the duplicate finder.
 if ! command -v jdupes >/dev/null; then
@@ -278,3 +279,12 @@ rm -f "$WINEPREFIX/dosdevices/t:"
 run_wine bench_url_cache 'C:\wh\bench' 5000
 report "load_url_cache_list vs FindNextUrlCacheEntryA walk (both in Wine)" \
   "$(figure bench_url_cache url_cache)" "$(figure bench_url_cache plain_walk)" ms 1
+
+# --- one monitor tick against reading /proc/stat and /proc/meminfo ----------
+# Ours: drive line, memory, CPU sample and four panel lines, per tick; the
+# anchor: one read of each file by a native process, per read, 500 times.
+run_wine bench_monitor_tick
+ours=$(figure bench_monitor_tick monitor_tick)
+proc_reads() { for ((k = 0; k < 500; k++)); do read -r _ </proc/stat; read -r _ </proc/meminfo; done; }
+proc_us=$(best_us nothing proc_reads)
+report "monitor tick vs /proc/stat+meminfo reads" "$ours" "$(awk -v t="$proc_us" 'BEGIN { print t / 500 }')" us 1

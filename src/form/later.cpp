@@ -5,6 +5,6 @@
 namespace wh {
 
 void Mainu::Command1_Click() {}
-void Mainu::monitor_start() {}
+void Mainu::monitor_start() { monitor.start(); }
 
 }  // namespace wh

@@ -30,7 +30,9 @@ Mainu::Mainu()
       options(*this),
       junk_page(*this, frame1, split_page.File1, shred_page.Dir3, Drive1, k1),
       startup_page(*this, search, Text6, k1),
-      duplicates_page(*this, k1) {
+      duplicates_page(*this, k1),
+      ram(*this),
+      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus) {
   search.Visible(false);
   frame1.Visible(false);
   // They sit on the dark strip under the pages.
@@ -69,6 +71,8 @@ Mainu::Mainu()
   Text6.KeyPress = [this](int& ascii) { Text6_KeyPress(ascii); };
   Text6.KeyDown = [this](int& key, int shift) { Text6_KeyDown(key, shift); };
   Timer3.Tick = [this] { Timer3_Timer(); };
+  Timer2.Tick = [this] { monitor.Timer2_Timer(); };
+  task_page.frogsus.Click = [this] { ram.frogsus_Click(); };
 
   // No caption, yet the taskbar can minimise and restore it: that takes a
   // system menu and a minimise box in the style.
@@ -92,7 +96,8 @@ Mainu::Mainu()
 }
 
 void Mainu::Timer3_Timer() {
-  // The power-off time check and the monitor plug in here.
+  // The power-off time check plugs in here, before the monitor.
+  monitor.run();
 }
 
 Mainu& mainu() {

@@ -14,6 +14,8 @@
 #include "filetools/floppy_page.h"
 #include "filetools/shred_page.h"
 #include "filetools/split_page.h"
+#include "monitor/monitor.h"
+#include "monitor/ram_release.h"
 #include "system/startup_page.h"
 #include "system/task_page.h"
 #include "system/uninstall_page.h"
@@ -114,6 +116,10 @@ public:
   JunkPage junk_page;
   StartupPage startup_page;
   DuplicatesPage duplicates_page;
+  // The monitor and its RAM release, on the frog of section 2 and the
+  // Options page's amounts.
+  RamRelease ram;
+  SystemMonitor monitor;
 
 private:
   void start_with_paths(const std::string& tail);

@@ -79,6 +79,7 @@ void Mainu::ordinary_start() {
   delall.Visible(false);
   task_list = std::make_unique<clsApplicazioni>();
   active_process = std::make_unique<clsActiveProcess>();
+  monitor.make_meter();
   ActiveSection = 1;
   light_section_button(uninstall);  // its section is the first
   uninstall_page.talpa.LoadPicture("PICIOR_JOS");

@@ -155,4 +155,23 @@ FARPROC Module::proc(const char* name) const {
   return h_ ? GetProcAddress(h_.get(), name) : nullptr;
 }
 
+int activate_window(const std::string& title, HWND& window) {
+  window = ::FindWindowA(nullptr, title.c_str());
+  if (!window) return 5;
+  ::SetForegroundWindow(window);
+  return 0;
+}
+
+void send_alt_f4(HWND window) {
+  // Keyboard input goes to whatever is foreground, and under Wine the
+  // activation of another process's window lands a moment later (keys
+  // sent at once closed our own window): the keystrokes are posted to the
+  // window itself, ALT held (KF_ALTDOWN in the key data).
+  const LPARAM alt = static_cast<LPARAM>(KF_ALTDOWN) << 16;
+  ::PostMessageA(window, WM_SYSKEYDOWN, VK_MENU, alt | 1);
+  ::PostMessageA(window, WM_SYSKEYDOWN, VK_F4, alt | 1);
+  ::PostMessageA(window, WM_SYSKEYUP, VK_F4, alt | 1 | (LPARAM{3} << 30));
+  ::PostMessageA(window, WM_KEYUP, VK_MENU, 1 | (LPARAM{3} << 30));
+}
+
 }  // namespace wh

@@ -52,6 +52,11 @@ std::string get_window_text(HWND hwnd);
 DWORD window_process_id(HWND hwnd);
 LONG_PTR get_window_long(HWND hwnd, int index);
 LRESULT send_message(HWND hwnd, UINT msg, WPARAM wparam = 0, LPARAM lparam = 0);
+// Activating a window by its title (FindWindowA, any letter case, then
+// SetForegroundWindow): 5 when no window has that title.
+int activate_window(const std::string& title, HWND& window);
+// ALT+F4 as keystrokes to that window; its default handling closes it.
+void send_alt_f4(HWND window);
 
 // A named mutex held for the life of the object (the program keeps one for
 // the life of the process).

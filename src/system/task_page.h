@@ -17,7 +17,10 @@ public:
   TaskPage(MainForm& form, Frame& frame1);
   virtual ~TaskPage() = default;
 
-  ListBox& List2;  // the processes
+  Label& Label_processes;  // "Running Processes"
+  Label& Label_windows;    // "Visible Windows"
+  ListBox& List2;  // the processes; ItemData the process number
+  ListBox& List3;  // the windows; row i is task_list->windows[i]
   ImageButton& frogsus;
   Frame& frame1;
 
@@ -29,11 +32,20 @@ public:
   void hide_extras();
   void leave_for_options();
   void captions(int language);
+  // Reads both lists again, keeping the selected positions. Section 2 only.
+  void Timer1_Timer();
 
   // Rebuilds List2. Virtual, with killem, so that a test can hand Harrow
   // All a list of its own instead of the machine's processes.
   virtual void afis_tasks();
   virtual void killem(uint32_t pid, const std::string& row);
+
+  // The single delete's protection: the row's upper-case name contained in
+  // "KERNEL32.DLL MPREXE.EXE" (so "32.DLL" is protected too).
+  static bool protected_from_delete(const std::string& row);
+  // A shell folder window: a path, or one of the four shell names in any
+  // case. It gets ALT+F4 instead of losing its process.
+  static bool shell_window_title(const std::string& title);
 
 private:
   MainForm& form_;

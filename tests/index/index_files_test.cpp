@@ -107,7 +107,9 @@ TEST(IndexFiles, OverwrittenScheduledHistoryEmptiedExplorerStopped) {
   for (const std::string& f : index) {
     EXPECT_EQ(1, std::count(shredded.begin(), shredded.end(), f)) << f;
     EXPECT_TRUE(scheduled(pending, f)) << f;
-    if (path_exists(f) && f == index[1]) EXPECT_NE(before_bytes, read_file(f));
+    if (path_exists(f) && f == index[1]) {
+      EXPECT_NE(before_bytes, read_file(f));
+    }
   }
   EXPECT_FALSE(path_exists(old_cache));
   EXPECT_FALSE(path_exists(note));

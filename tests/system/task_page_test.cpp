@@ -23,9 +23,19 @@ public:
   void afis_tasks() override {
     ++refreshed;
     List2.Clear();
-    for (const std::string& r : rows) List2.AddItem(r);
+    // Position 0 is the idle process; row i is position i + 1.
+    std::vector<ProcessEntry> snapshot{{"[System Process]", 0}};
+    for (const std::string& r : rows) {
+      List2.AddItem(r);
+      snapshot.push_back({r, 1000 + static_cast<DWORD>(snapshot.size())});
+    }
+    active_process->assign(snapshot);
   }
-  void killem(uint32_t, const std::string& row) override { killed.push_back(row); }
+  std::vector<uint32_t> pids;
+  void killem(uint32_t pid, const std::string& row) override {
+    killed.push_back(row);
+    pids.push_back(pid);
+  }
 };
 
 TEST(TaskPage, HarrowAllSparesTheSystemTheProgramAndTheFirstRow) {
@@ -40,6 +50,7 @@ TEST(TaskPage, HarrowAllSparesTheSystemTheProgramAndTheFirstRow) {
   // The list is read afresh first; "myexplorer.exe.old" holds "EXPLORER.EXE".
   EXPECT_EQ(1, page.refreshed);
   EXPECT_EQ(Names{"calc.exe"}, page.killed);
+  EXPECT_EQ(std::vector<uint32_t>{1007}, page.pids) << "row 6 is snapshot position 7";
 
   page.rows = {"only.exe"};
   page.killed.clear();

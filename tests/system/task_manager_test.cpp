@@ -1,0 +1,201 @@
+// The task manager on real processes and windows that the tests start
+// themselves (copies of a small window program under names of their own):
+// the single delete, the shell's names, ALT+F4 for shell folder windows,
+// the window table and Timer1 keeping the selections.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/globals.h"
+#include "core/tasks.h"
+#include "platform/processes.h"
+#include "support/scratch.h"
+#include "support/test_form.h"
+#include "system/task_page.h"
+#include "ui/ui.h"
+
+using namespace wh;
+using wh::test::ScratchDir;
+
+namespace {
+
+bool alive(DWORD pid) {
+  HANDLE h = OpenProcess(SYNCHRONIZE, FALSE, pid);
+  if (!h) return false;
+  const bool running = WaitForSingleObject(h, 0) == WAIT_TIMEOUT;
+  CloseHandle(h);
+  return running;
+}
+
+// Waits for a state the test made, not for a time: a process that ends or a
+// window that comes or goes.
+template <class F>
+bool eventually(F&& done) {
+  for (int i = 0; i < 250; ++i) {
+    if (done()) return true;
+    do_events();
+    Sleep(20);
+  }
+  return done();
+}
+
+class TaskManagerTest : public ::testing::Test {
+protected:
+  ScratchDir dir{"tasks"};
+  test::TestForm form;
+  Frame& frame1 = form.add<Frame>("frame1", Place{0, 0, 10, 10});
+  TaskPage page{form, frame1};
+  std::vector<DWORD> started;
+
+  void SetUp() override {
+    task_list = std::make_unique<clsApplicazioni>();
+    active_process = std::make_unique<clsActiveProcess>();
+    ActiveSection = 0;
+  }
+  void TearDown() override {
+    for (DWORD pid : started)
+      if (alive(pid)) terminate_process_wait(pid, 0, 5000);
+    task_list.reset();
+    active_process.reset();
+    ActiveSection = 0;
+  }
+
+  // A copy of the window program named `exe`, showing `title`.
+  DWORD start(const std::string& exe, const std::string& title) {
+    const std::string path = dir / exe;
+    CopyFileA("C:\\wh\\whwindow.exe", path.c_str(), FALSE);
+    ProcessResult r;
+    EXPECT_EQ(0, create_process("\"" + path + "\" " + title, false, r));
+    started.push_back(r.pid);
+    EXPECT_TRUE(eventually([&] { return FindWindowA("WhTestWindow", title.c_str()) != nullptr; }));
+    return r.pid;
+  }
+
+  int row_of(ListBox& list, const std::string& text) {
+    for (int row = 0; row < list.ListCount(); ++row)
+      if (list.List(row) == text) return row;
+    return -1;
+  }
+  // Rows by the process number in their ItemData.
+  int row_of_pid(DWORD pid) {
+    for (int row = 0; row < page.List2.ListCount(); ++row)
+      if (static_cast<DWORD>(page.List2.ItemData(row)) == pid) return row;
+    return -1;
+  }
+  void refresh() {
+    page.afis_tasks();
+    task_list->List3 = &page.List3;
+    task_list->RefreshTaskList(form.hwnd(), true);
+  }
+};
+
+TEST_F(TaskManagerTest, ListsProcessesWithTheirNumbersAndTitledWindowsButNotOurOwn) {
+  const DWORD pid = start("whtask_list.exe", "WhTest listed");
+  page.enter();
+  ASSERT_EQ(ActiveSection, 2);
+  const int row = row_of_pid(pid);
+  ASSERT_GE(row, 0);
+  EXPECT_EQ(page.List2.List(row), "whtask_list.exe");
+  EXPECT_EQ(active_process->th32ProcessID(row + 1), pid) << "the idle row is gone";
+  EXPECT_EQ(row_of(page.List2, "[System Process]"), -1);
+  const int w = row_of(page.List3, "WhTest listed");
+  ASSERT_GE(w, 0);
+  EXPECT_EQ(task_list->windows[static_cast<size_t>(w)].title, "WhTest listed");
+  EXPECT_EQ(task_list->NumTasks(), page.List3.ListCount());
+  for (const auto& win : task_list->windows) EXPECT_NE(win.hwnd, form.hwnd());
+}
+
+TEST_F(TaskManagerTest, DeleteEndsTheSelectedProcessesEvenTheShellsName) {
+  const DWORD plain = start("whtask_a.exe", "WhTest a");
+  const DWORD shell = start("EXPLORER.EXE", "WhTest shell");
+  const DWORD other = start("whtask_b.exe", "WhTest b");
+  page.enter();
+  page.List2.Selected(row_of_pid(plain), true);
+  page.List2.Selected(row_of_pid(shell), true);
+  page.del_block();
+  EXPECT_TRUE(eventually([&] { return !alive(plain) && !alive(shell); }));
+  EXPECT_TRUE(alive(other));
+  EXPECT_EQ(form.calls.back(), "ref_Click");
+  EXPECT_EQ(row_of_pid(plain), -1) << "the list is read again";
+}
+
+TEST_F(TaskManagerTest, TheSingleDeleteProtectsByContainment) {
+  EXPECT_TRUE(TaskPage::protected_from_delete("kernel32.dll"));
+  EXPECT_TRUE(TaskPage::protected_from_delete("MPREXE"));
+  EXPECT_TRUE(TaskPage::protected_from_delete("32.DLL"));
+  EXPECT_TRUE(TaskPage::protected_from_delete("c:\\win\\mprexe.exe"));
+  EXPECT_FALSE(TaskPage::protected_from_delete("explorer.exe"));
+  EXPECT_FALSE(TaskPage::protected_from_delete("kernel32.exe"));
+
+  const DWORD kept = start("MPREXE.EXE", "WhTest mprexe");
+  page.enter();
+  page.List2.Selected(row_of_pid(kept), true);
+  page.del_block();
+  EXPECT_TRUE(alive(kept));
+}
+
+TEST_F(TaskManagerTest, ShellFolderWindowsGetAltF4AndTheirProcessLives) {
+  EXPECT_TRUE(TaskPage::shell_window_title("C:\\wh\\scratch"));
+  EXPECT_TRUE(TaskPage::shell_window_title("my documents"));
+  EXPECT_TRUE(TaskPage::shell_window_title("My Computer"));
+  EXPECT_TRUE(TaskPage::shell_window_title("Network Neighborhood"));
+  EXPECT_TRUE(TaskPage::shell_window_title("MY PICTURES"));
+  EXPECT_FALSE(TaskPage::shell_window_title("Documentele mele"));
+
+  const DWORD path_pid = start("whtask_path.exe", "C:\\wh\\scratch\\tasks");
+  const DWORD docs_pid = start("whtask_docs.exe", "mY DoCuMeNtS");
+  for (const char* title : {"C:\\wh\\scratch\\tasks", "mY DoCuMeNtS"}) {
+    refresh();
+    page.List3.Selected(row_of(page.List3, title), true);
+    page.del_block();
+    EXPECT_TRUE(eventually([&] { return FindWindowA("WhTestWindow", title) == nullptr; })) << title;
+  }
+  EXPECT_TRUE(alive(path_pid));
+  EXPECT_TRUE(alive(docs_pid));
+}
+
+TEST_F(TaskManagerTest, ARomanianShellTitleIsNotRecognisedAndItsProcessDies) {
+  const DWORD pid = start("whtask_ro.exe", "Documentele mele");
+  const DWORD other = start("whtask_other.exe", "WhTest other window");
+  refresh();
+  page.List3.Selected(row_of(page.List3, "Documentele mele"), true);
+  page.del_block();
+  EXPECT_TRUE(eventually([&] { return !alive(pid); }));
+  EXPECT_TRUE(alive(other));
+  EXPECT_EQ(row_of(page.List3, "Documentele mele"), -1);
+}
+
+TEST_F(TaskManagerTest, Timer1KeepsTheSelectedPositionsOnlyInSectionTwo) {
+  start("whtask_t.exe", "WhTest timer");
+  page.enter();
+  const int count2 = page.List2.ListCount();
+  page.List2.Selected(0, true);
+  page.List2.Selected(count2 - 1, true);
+  const int w = row_of(page.List3, "WhTest timer");
+  page.List3.Selected(w, true);
+  page.Timer1_Timer();
+  EXPECT_TRUE(page.List2.Selected(0));
+  EXPECT_TRUE(page.List2.Selected(count2 - 1) || page.List2.ListCount() < count2);
+  EXPECT_TRUE(page.List3.Selected(w));
+  EXPECT_EQ(page.List2.SelCount() + page.List3.SelCount(), 3);
+
+  // Elsewhere the tick reads nothing.
+  ActiveSection = 8;
+  page.List2.Clear();
+  page.Timer1_Timer();
+  EXPECT_EQ(page.List2.ListCount(), 0);
+}
+
+TEST_F(TaskManagerTest, KillemEndsAProcessByNumber) {
+  const DWORD pid = start("whtask_k.exe", "WhTest killem");
+  wh::killem(pid, "whtask_k.exe");
+  EXPECT_TRUE(eventually([&] { return !alive(pid); }));
+  // A number that is no process: the service walk finds no such file and
+  // nothing happens.
+  wh::killem(0xFFFFFFF0u, "no_such_whtest.exe");
+}
+
+}  // namespace
