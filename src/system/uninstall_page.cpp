@@ -51,6 +51,10 @@ UninstallPage::UninstallPage(MainForm& form, Frame& search_panel, TextBox& text6
   // As designed the first section's extras show; the start puts them right.
   for (Control* c : std::initializer_list<Control*>{&QM, &lupe, &talpa}) c->Visible(false);
   talpa.LoadPicture("PICIOR_JOS");
+  PIE.LoadPicture("PIE");
+  QM.LoadPicture("QM");
+  lupe.LoadPicture("LUPE");
+  delfolder.LoadPicture("XFOLDER");
   PIE.Click = [this] { PIE_Click(); };
   List1.Click = [this] { List1_Click(); };
   List1.DblClick = [this] { List1_DblClick(); };
