@@ -41,18 +41,40 @@ void write_text(const std::string& path, const std::string& text) {
   f.write_at(0, text.data(), static_cast<DWORD>(text.size()));
 }
 
+// The Windows folder's short path, found once a scan: Wine's
+// GetShortPathNameA walks the path component by component.
+std::string windir_short;
+
 bool holds(const std::string& text, const std::string& what) {
   return text.find(what) != std::string::npos;
 }
 
-std::string value_of(const std::string& key, const char* name) {
-  return reg_get_value(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key, name);
-}
+// One subkey's values, read through one open key: under Wine each open is a
+// server trip, and a scan reads up to ten values a program. Read as
+// reg_get_value reads them: the bytes up to the first NUL, empty when missing.
+class EntryValues {
+public:
+  explicit EntryValues(const std::string& key) {
+    key_.open(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key, KEY_READ);
+  }
+  std::string operator()(const char* name) const {
+    DWORD type = 0;
+    std::string data;
+    if (!key_.is_open() || key_.query(name, type, data) != ERROR_SUCCESS) return {};
+    const size_t nul = data.find('\0');
+    if (nul != std::string::npos) data.resize(nul);
+    return data;
+  }
+
+private:
+  RegKey key_;
+};
+
 
 // "InstallTo" normalised by GetFolder; a folder that is not there leaves
 // `folder` as it was.
-void take_install_to(const std::string& key, std::string& folder) {
-  const std::string to = value_of(key, "InstallTo");
+void take_install_to(const EntryValues& values, std::string& folder) {
+  const std::string to = values("InstallTo");
   if (to.empty()) return;
   Folder f;
   if (file_system().GetFolder(to, f) == 0) folder = f.Path();
@@ -79,10 +101,11 @@ std::string find_program_files_dir() {
 std::string infer_program_folder(const std::string& key, const std::string& name,
                                  const std::string& uninstall) {
   FileSystemObject& fso = file_system();
-  std::string folder = rewrite_program_files(value_of(key, "InstallLocation"));
+  const EntryValues values(key);
+  std::string folder = rewrite_program_files(values("InstallLocation"));
   if (folder.empty()) folder = fso.GetParentFolderName(command_to_path(uninstall));
   if (folder.empty()) {
-    take_install_to(key, folder);
+    take_install_to(values, folder);
     folder = rewrite_program_files(folder);
   }
 
@@ -90,17 +113,18 @@ std::string infer_program_folder(const std::string& key, const std::string& name
   // short paths are compared case-sensitively, and a folder that is not
   // there has no short path.
   const std::string short_folder = short_path(folder);
-  if (!short_folder.empty() && holds(short_folder, short_path(environment_variable("WinDir"))) &&
+  if (!short_folder.empty() && holds(short_folder, windir_short.empty() ? short_path(environment_variable("WinDir"))
+                                                                 : windir_short) &&
       !holds(ucase(folder), "MICROSOFT.NET")) {
-    folder = fso.GetParentFolderName(value_of(key, "DisplayIcon"));
-    if (folder.empty()) take_install_to(key, folder);
+    folder = fso.GetParentFolderName(values("DisplayIcon"));
+    if (folder.empty()) take_install_to(values, folder);
     folder = rewrite_program_files(folder);
   }
 
   if (folder.empty()) {
     const size_t blank = name.find(' ');
     const std::string word = blank == std::string::npos ? std::string() : trim(name.substr(0, blank + 1));
-    const std::string pub = value_of(key, "Publisher");
+    const std::string pub = values("Publisher");
     if (!word.empty() && fso.FolderExists(program_files_dir + "\\" + word)) {
       folder = program_files_dir + "\\" + word;
     } else if (!pub.empty() && fso.FolderExists(program_files_dir + "\\" + pub)) {
@@ -119,10 +143,17 @@ std::string infer_program_folder(const std::string& key, const std::string& name
 void read_installed_programs() {
   cmdline_path_count = 0;
   program_table.fill(program_record{});
+  windir_short = short_path(environment_variable("WinDir"));
   int count = 0;
   for (const std::string& key : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key_path)) {
-    const std::string dn = value_of(key, "DisplayName");
-    const std::string qn = value_of(key, "QuietDisplayName");
+    std::string dn, qn, uninstall;
+    {
+      const EntryValues values(key);
+      dn = values("DisplayName");
+      qn = values("QuietDisplayName");
+      const bool quiet = dn.empty() || holds(ucase(dn), "ISSC");
+      uninstall = values(quiet ? "QuietUninstallString" : "UninstallString");
+    }
     if (!dn.empty() && !holds(ucase(dn), "ISSC")) {
       bool seen = false;
       for (int i = 1; i <= count && i <= program_table_size && !seen; ++i)
@@ -134,19 +165,20 @@ void read_installed_programs() {
       program_record& r = program_table[count];
       r.key = key;
       r.name = dn;
-      r.uninstall = rewrite_program_files(value_of(key, "UninstallString"));
+      r.uninstall = rewrite_program_files(uninstall);
       r.folder = infer_program_folder(key, dn, r.uninstall);
     } else if (!qn.empty()) {
       ++count;
       if (count <= program_table_size) {
         program_table[count].name = qn;
-        program_table[count].uninstall = value_of(key, "QuietUninstallString");
+        program_table[count].uninstall = uninstall;
       }
     }
     if (dn.empty() && qn.empty())
       reg_delete_key(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key);
   }
   program_count = static_cast<int16_t>(count);
+  windir_short.clear();
 }
 
 std::string memory_file_path() { return environment_variable("WinDir") + "\\apps"; }
