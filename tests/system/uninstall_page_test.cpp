@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
@@ -145,6 +146,24 @@ TEST_F(Uninstall, ScanKeepsOneNamedRecordPerProgramAndTidiesTheKey) {
   EXPECT_EQ("", nothing->uninstall);
   EXPECT_EQ(0, cmdline_path_count);
   EXPECT_TRUE(page_.QM.Visible());
+}
+
+TEST_F(Uninstall, ARecordPastTheTableIsLeftOutButCounted) {
+  page_.scan_installed_programs();
+  const int before = program_count;
+  char key[32], name[32];
+  for (int i = 0; i < program_table_size + 1 - before; ++i) {
+    std::snprintf(key, sizeof key, "WhTestMany%04d", i);
+    std::snprintf(name, sizeof name, "WhTest Many %04d", i);
+    entry(key, {{"DisplayName", name}});
+  }
+  entry("WhTestZzzLast", {{"DisplayName", "WhTest Zzz Last"}});  // enumerated last
+  page_.scan_installed_programs();
+  EXPECT_EQ(program_table_size + 2, program_count);
+  EXPECT_FALSE(program_table[program_table_size].name.empty());
+  EXPECT_EQ(nullptr, record_named("WhTest Zzz Last"));
+  EXPECT_EQ(program_table_size, page_.List1.ListCount());
+  EXPECT_EQ(-1, row_of(page_.List1, "WhTest Zzz Last"));
 }
 
 TEST_F(Uninstall, ScanWorksOutEachProgramsFolder) {
