@@ -14,7 +14,7 @@ build=${BUILD_DIR:-$here/build}
 rounds=3
 benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
          bench_junk_scan bench_clean_tree bench_duplicates_scan bench_disk_root bench_url_cache
-         bench_monitor_tick)
+         bench_monitor_tick bench_uninstall_scan)
 bash "$here/scripts/deps.sh"
 # The anchor of the duplicate finder.
 if ! command -v jdupes >/dev/null; then
@@ -288,3 +288,22 @@ ours=$(figure bench_monitor_tick monitor_tick)
 proc_reads() { for ((k = 0; k < 500; k++)); do read -r _ </proc/stat; read -r _ </proc/meminfo; done; }
 proc_us=$(best_us nothing proc_reads)
 report "monitor tick vs /proc/stat+meminfo reads" "$ours" "$(awk -v t="$proc_us" 'BEGIN { print t / 500 }')" us 1
+
+# --- the installed-programs scan of 1000 entries, against awk ---------------
+# The program writes 1000 Uninstall entries with their folders, times the
+# scan (registry walk, folder inference, memory file) and writes the same
+# entries as text. The anchor reads that text and the folder listing, keeps
+# the names whose folder exists and writes them as the memory file.
+dir=$data/uninst
+mkdir -p "$dir"
+run_wine bench_uninstall_scan 'C:\wh\bench\uninst'
+ours=$(figure bench_uninstall_scan uninstall_scan)
+awk_scan() {
+  find "$dir" -mindepth 1 -maxdepth 1 -type d -printf '%f\n' |
+    awk -F'\t' 'NR == FNR { d[$1] = 1; next } { n = split($3, a, "\\"); if (a[n] in d) print $2 }
+      ' /dev/stdin "$dir/entries.txt" >"$dir/apps"
+}
+awk_scan  # warm
+awk_us=$(best_us nothing awk_scan)
+report "uninstall_scan vs awk" "$ours" "$(awk -v t="$awk_us" 'BEGIN { print t / 1e3 }')" ms 1
+rm -rf "$dir"

@@ -292,6 +292,14 @@ def icon_mvg(name, ink, back):
                           (18.1, 6.4, 1.0)):
             s += f"fill '{ink}' stroke none circle {x},{y} {x + r},{y}\n"
         s += f"stroke '{ink}' fill none\n"
+    elif name == "QM":  # a question mark: the sizes are not known
+        s += "stroke-width 2.5 path 'M 7.5,8 C 7.5,2.5 16.5,2.5 16.5,8 C 16.5,11.5 12,11.5 12,15.5'\n"
+        s += f"fill '{ink}' stroke none circle 12,20 13.6,20\n"
+    elif name == "LUPE":  # a magnifying glass
+        s += "circle 10,10 10,3.5\nstroke-width 3 line 14.8,14.8 21,21\n"
+    elif name == "XFOLDER":  # a folder with a cross: delete what was left
+        s += "polygon 2,6 9,6 11,8 22,8 22,20 2,20\n"
+        s += "stroke-width 2.2 line 9,11 15,17\nline 15,11 9,17\n"
     elif name == "WEB":
         s += "circle 12,12 12,3\nellipse 12,12 4,9 0,360\nline 3,12 21,12\n"
         s += "stroke-width 1.5 path 'M 5,7 Q 12,9 19,7'\npath 'M 5,17 Q 12,15 19,17'\n"
@@ -437,6 +445,14 @@ def button_pictures(skin_png, tmp):
                 foot = foot.replace("path 'M 9,9", f"fill '{ink}' path 'M 9,9")
             return tile_mvg((0, 0, w, h), lit) + foot
         cut(extra_rect(0), art, BUTTONS / f"PICIOR_{suffix}.bmp")
+
+    # The other extras of section 1: sizes, sizes unknown, sizes shown, folder.
+    for stem, icon in (("PIE", "DIRINFO"), ("QM", "QM"), ("LUPE", "LUPE"),
+                       ("XFOLDER", "XFOLDER")):
+        def art(w, h, icon=icon):
+            return tile_mvg((0, 0, w, h), False) + place_icon(icon, (w - 24) / 2, (h - 24) / 2,
+                                                              1, TILE_INK, TILE_BOTTOM)
+        cut(extra_rect(0), art, BUTTONS / f"{stem}.bmp")
 
 
 # ---------------------------------------------------------------- small windows

@@ -39,6 +39,8 @@ const std::vector<Help>& helps() {
       {"del", "DEL", {}, {}},
       {"delall", "DELALL", {}, {}},
       {"ref", "REF", {"Refresh", "list"}, {"Reimprospatare", "lista"}},
+      {"PIE", "PIEM", {"Show disk usage", " 4 each application"},
+       {"Arata spatiul ocupat", " de fiecare program"}},
   };
   return table;
 }

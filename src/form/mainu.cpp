@@ -21,7 +21,7 @@ Mainu::Mainu()
       Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
       Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
       k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
-      uninstall_page(*this, search),
+      uninstall_page(*this, search, Text6),
       task_page(*this, frame1),
       split_page(*this),
       disk_page(*this),

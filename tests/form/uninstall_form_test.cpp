@@ -1,0 +1,193 @@
+// The uninstall section on the real main form: the search box over List1,
+// and a shortcut handed over on the command line.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "core/choose.h"
+#include "core/globals.h"
+#include "core/routines.h"
+#include "platform/shell_link.h"
+#include "support/form_test.h"
+#include "support/scratch.h"
+
+using namespace wh;
+using wh::test::read_file;
+using wh::test::ScratchDir;
+
+namespace {
+
+const std::string uninstall_key = uninstall_key_path;
+
+void entry(const std::string& subkey, const std::map<std::string, std::string>& values) {
+  RegKey k;
+  ASSERT_EQ(ERROR_SUCCESS, k.create(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey));
+  for (const auto& [name, data] : values) k.set(name, REG_SZ, data + '\0');
+}
+
+int row_of(const ListBox& list, const std::string& text) {
+  for (int i = 0; i < list.ListCount(); ++i)
+    if (list.List(i) == text) return i;
+  return -1;
+}
+
+class UninstallForm : public test::StoreTest {
+protected:
+  void SetUp() override {
+    StoreTest::SetUp();
+    had_apps_ = test::path_exists(apps_);
+    if (had_apps_) apps_bytes_ = read_file(apps_);
+    DeleteFileA(apps_.c_str());
+  }
+  void TearDown() override {
+    for (const std::string& k : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key))
+      if (k.rfind("WhTest", 0) == 0) reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + k);
+    if (had_apps_)
+      test::write_file(apps_, apps_bytes_);
+    else
+      DeleteFileA(apps_.c_str());
+    if (choose_loaded()) choose_unload();
+    StoreTest::TearDown();
+  }
+  const std::string apps_ = "C:\\windows\\apps";
+  bool had_apps_ = false;
+  std::string apps_bytes_;
+};
+
+TEST_F(UninstallForm, TheSearchSelectsAcrossTheListAndEnterUninstallsEveryHit) {
+  ScratchDir dir("search_progs");
+  const std::string log = dir / "hits.log";
+  const std::string probe = "\"C:\\wh\\uninst_probe.exe\" " + log + " ";
+  entry("WhTestHitOne", {{"DisplayName", "WhTest Finder One"}, {"UninstallString", probe + "one 0"}});
+  entry("WhTestHitTwo", {{"DisplayName", "WhTest Finder Two"}, {"UninstallString", probe + "two 0"}});
+  entry("WhTestMiss", {{"DisplayName", "WhTest Other"}, {"UninstallString", probe + "miss 0"}});
+  save_setting("SEARChtip", "1");
+  Mainu& m = start_form();
+  if (ActiveSection == 1) m.ref_Click(); else m.uninstall_Click();
+  ListBox& list = m.uninstall_page.List1;
+  ASSERT_NE(-1, row_of(list, "WhTest Other"));
+
+  int f = 'F';
+  m.uninstall_page.List1_KeyDown(f, 2);
+  ASSERT_TRUE(m.search.Visible());
+  EXPECT_EQ(1, m.search_target);
+  list.Selected(row_of(list, "WhTest Other"), true);  // by hand
+  m.Text6.Text("fi");
+  EXPECT_EQ(0, list.SelCount()) << "fewer than 3 letters clear every selection";
+  m.Text6.Text("FINDER");
+  EXPECT_EQ(2, list.SelCount());
+  EXPECT_TRUE(list.Selected(row_of(list, "WhTest Finder One")));
+
+  int enter = 13;
+  m.Text6_KeyPress(enter);
+  EXPECT_FALSE(m.search.Visible());
+  std::string text;
+  for (int tries = 0; tries < 200 && text.size() < 40; ++tries, Sleep(25)) text = read_file(log);
+  EXPECT_NE(std::string::npos, text.find("one end"));
+  EXPECT_NE(std::string::npos, text.find("two end"));
+  EXPECT_EQ(std::string::npos, text.find("miss"));
+}
+
+// The window as the screen shows it, as a 24-bit BMP for people to look at.
+void save_window(HWND w, const std::string& path) {
+  RECT r{};
+  GetWindowRect(w, &r);
+  const int width = r.right - r.left, height = r.bottom - r.top;
+  BITMAPINFO bi{};
+  BITMAPINFOHEADER& h = bi.bmiHeader;
+  h.biSize = sizeof h;
+  h.biWidth = width;
+  h.biHeight = height;
+  h.biPlanes = 1;
+  h.biBitCount = 24;
+  h.biCompression = BI_RGB;
+  void* bits = nullptr;
+  HDC screen = GetDC(nullptr);
+  HBITMAP dib = CreateDIBSection(screen, &bi, DIB_RGB_COLORS, &bits, nullptr, 0);
+  HDC mem = CreateCompatibleDC(screen);
+  HGDIOBJ old = SelectObject(mem, dib);
+  BitBlt(mem, 0, 0, width, height, screen, r.left, r.top, SRCCOPY);
+  GdiFlush();
+  const DWORD size = static_cast<DWORD>(((width * 3 + 3) & ~3) * height);
+  BITMAPFILEHEADER fh{0x4D42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
+  fh.bfSize = fh.bfOffBits + size;
+  CreateDirectoryA("C:\\wh\\artefacts", nullptr);
+  test::write_file(path, std::string(reinterpret_cast<const char*>(&fh), sizeof fh) +
+                             std::string(reinterpret_cast<const char*>(&bi.bmiHeader),
+                                         sizeof bi.bmiHeader) +
+                             std::string(static_cast<const char*>(bits), size));
+  SelectObject(mem, old);
+  DeleteDC(mem);
+  DeleteObject(dib);
+  ReleaseDC(nullptr, screen);
+}
+
+TEST_F(UninstallForm, ANewProgramOnTopAndTheFootLit) {
+  save_setting("SEARChtip", "1");
+  save_setting("talpatip", "1");
+  Mainu& m = start_form();
+  if (ActiveSection == 1) m.ref_Click(); else m.uninstall_Click();  // the memory file is made
+  entry("WhTestNewcomer", {{"DisplayName", "WhTest Newcomer"}});
+  entry("WhTestSecond", {{"DisplayName", "WhTest Second"}});
+  m.ref_Click();
+  ListBox& list = m.uninstall_page.List1;
+  ASSERT_LE(2, list.ListCount());
+  EXPECT_EQ("WhTest Newcomer        <<<<NEW>>>>", list.List(0));
+  EXPECT_EQ("WhTest Second        <<<<NEW>>>>", list.List(1));
+  list.Selected(0, true);
+  list.Selected(1, true);
+  ASSERT_TRUE(m.uninstall_page.talpa.Visible());
+  m.uninstall_page.talpa_Click();
+  EXPECT_TRUE(test::shows(m.uninstall_page.talpa, "PICIOR_SUS"));
+  m.Show();
+  for (int i = 0; i < 20; ++i, Sleep(20)) do_events();
+  save_window(m.hwnd(), "C:\\wh\\artefacts\\uninstall.bmp");
+  m.uninstall_page.talpa_Click();
+  EXPECT_TRUE(test::shows(m.uninstall_page.talpa, "PICIOR_JOS"));
+}
+
+// Answers the choose window with its first picture: the uninstaller.
+void CALLBACK answer_harrow(HWND, UINT, UINT_PTR id, DWORD) {
+  if (!choose_loaded()) return;
+  KillTimer(nullptr, id);
+  Choose& c = choose();
+  c.Image1.send(WM_MOUSEMOVE, 0, MAKELPARAM(20, 20));
+  c.Image4.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
+  c.Image4.send(WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
+}
+
+TEST_F(UninstallForm, AShortcutOnTheCommandLineRunsItsUninstallerAndTheProgramEnds) {
+  ScratchDir dir("dropped_progs");
+  const std::string log = dir / "drop.log";
+  const std::string app = dir.folder("Tool");
+  const std::string exe = dir.file("Tool\\tool.exe", "MZ");
+  entry("WhTestTool", {{"DisplayName", "WhTest Tool"},
+                       {"UninstallString", "\"C:\\wh\\uninst_probe.exe\" " + log + " tool 0"},
+                       {"InstallLocation", app}});
+  const std::string link = dir / "Tool.lnk";
+  ASSERT_EQ(0, shell_link_create(link, exe));
+  SetTimer(nullptr, 0, 20, answer_harrow);
+  EXPECT_THROW(mainu().start("\"" + link + "\""), ProgramEnded);
+  EXPECT_EQ(0, choose_result);
+  std::string text;
+  for (int tries = 0; tries < 200 && text.find("end") == std::string::npos; ++tries, Sleep(25))
+    text = read_file(log);
+  EXPECT_EQ("tool start\r\ntool end\r\n", text);
+  mainu_clear();
+  if (choose_loaded()) choose_unload();
+
+  // A shortcut to a folder no entry names, with no uninstall.exe: nothing.
+  const std::string lone = dir.file("Lone\\lone.exe", "MZ");
+  const std::string lone_link = dir / "Lone.lnk";
+  ASSERT_EQ(0, shell_link_create(lone_link, lone));
+  SetTimer(nullptr, 0, 20, answer_harrow);
+  EXPECT_THROW(mainu().start("\"" + lone_link + "\""), ProgramEnded);
+  EXPECT_EQ(0u, boxes.count());
+  EXPECT_EQ("tool start\r\ntool end\r\n", read_file(log));
+  mainu_clear();
+}
+
+}  // namespace

@@ -1,0 +1,392 @@
+// The uninstall section on a small test form, against the prefix's real
+// Uninstall key, the memory file in the Windows folder and real uninstallers
+// (tests/fixtures/uninst_probe.cpp). Every subkey a test adds starts with
+// "WhTest" and goes again; the memory file is put back as it was.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/globals.h"
+#include "core/routines.h"
+#include "core/settings.h"
+#include "platform/clipboard.h"
+#include "platform/registry.h"
+#include "platform/shell_link.h"
+#include "support/scratch.h"
+#include "support/test_form.h"
+#include "system/uninstall_page.h"
+#include "ui/ui.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::read_file;
+using wh::test::write_file;
+using Values = std::map<std::string, std::string>;
+
+namespace {
+
+const std::string uninstall_key = uninstall_key_path;
+const std::string probe = "C:\\wh\\uninst_probe.exe";
+const std::string apps = "C:\\windows\\apps";
+
+void entry(const std::string& subkey, const Values& values) {
+  RegKey k;
+  ASSERT_EQ(ERROR_SUCCESS, k.create(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey));
+  for (const auto& [name, data] : values) k.set(name, REG_SZ, data + '\0');
+}
+
+bool has_entry(const std::string& subkey) {
+  RegKey k;
+  return k.open(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey) == ERROR_SUCCESS;
+}
+
+const program_record* record_named(const std::string& name) {
+  for (int i = 1; i <= program_count && i <= program_table_size; ++i)
+    if (program_table[i].name == name) return &program_table[i];
+  return nullptr;
+}
+
+std::vector<std::string> rows(const ListBox& list) {
+  std::vector<std::string> out;
+  for (int i = 0; i < list.ListCount(); ++i) out.push_back(list.List(i));
+  return out;
+}
+
+int row_of(const ListBox& list, const std::string& text) {
+  for (int i = 0; i < list.ListCount(); ++i)
+    if (list.List(i) == text) return i;
+  return -1;
+}
+
+// Waits (pumping) until the log holds `lines` lines; the probes end by themselves.
+std::string wait_for_log(const std::string& log, size_t lines) {
+  for (int tries = 0; tries < 400; ++tries) {
+    const std::string text = read_file(log);
+    if (static_cast<size_t>(std::count(text.begin(), text.end(), '\n')) >= lines) return text;
+    Sleep(25);
+  }
+  return read_file(log);
+}
+
+class Uninstall : public ::testing::Test {
+protected:
+  void SetUp() override {
+    saved_apps_ = path_exists(apps);
+    if (saved_apps_) apps_bytes_ = read_file(apps);
+    remove_test_entries();
+    DeleteFileA(apps.c_str());  // a first scan: no marks
+    form_.Show();               // the run ends by giving List1 the focus
+    language_flag = 1;
+    last_selected_index = 0;
+    sequential_uninstall = 0;
+    save_setting("SEARChtip", "1");
+    save_setting("talpatip", "1");
+    save_setting("Xfoldertip", "1");
+  }
+  void TearDown() override {
+    remove_test_entries();
+    if (saved_apps_)
+      write_file(apps, apps_bytes_);
+    else
+      DeleteFileA(apps.c_str());
+    sequential_uninstall = 0;
+    last_selected_index = 0;
+  }
+  static void remove_test_entries() {
+    for (const std::string& k : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key))
+      if (k.rfind("WhTest", 0) == 0) reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + k);
+  }
+  std::string command(const std::string& log, const std::string& tag, int ms = 0) {
+    return "\"" + probe + "\" " + log + " " + tag + " " + std::to_string(ms);
+  }
+
+  test::TestForm form_;
+  UninstallPage page_{form_, form_.add<Frame>("search", Place{0, 0, 10, 10}),
+                      form_.add<TextBox>("Text6", Place{0, 0, 10, 10})};
+  test::ScratchDir dir_{"progs"};  // "\\unins" in it would mark a path
+
+private:
+  bool saved_apps_ = false;
+  std::string apps_bytes_;
+};
+
+TEST_F(Uninstall, ScanKeepsOneNamedRecordPerProgramAndTidiesTheKey) {
+  entry("WhTestNameless", {{"UninstallString", "C:\\x\\unins000.exe"}});
+  entry("WhTestDupA", {{"DisplayName", "WhTest Twin"}, {"UninstallString", "C:\\a\\first.exe"}});
+  entry("WhTestDupB", {{"DisplayName", "WhTest Twin"}, {"UninstallString", "C:\\b\\second.exe"}});
+  entry("WhTestIssc", {{"DisplayName", "WhTest ISSC thing"},
+                       {"QuietDisplayName", "WhTest Quiet"},
+                       {"QuietUninstallString", "C:\\q\\quiet.exe"},
+                       {"InstallLocation", dir_.path()}});
+  entry("WhTestIsscBare", {{"DisplayName", "WhTest issc only"}});
+  entry("WhTestNoUninstall", {{"DisplayName", "WhTest Nothing"}});
+  page_.scan_installed_programs();
+
+  EXPECT_FALSE(has_entry("WhTestNameless")) << "a subkey with no name is deleted";
+  EXPECT_TRUE(has_entry("WhTestIsscBare")) << "ISSC without a quiet name: kept, not listed";
+  EXPECT_EQ(nullptr, record_named("WhTest issc only"));
+  const program_record* twin = record_named("WhTest Twin");
+  ASSERT_NE(nullptr, twin);
+  EXPECT_EQ("WhTestDupA", twin->key) << "the first of two equal names wins";
+  const std::vector<std::string> shown = rows(page_.List1);
+  EXPECT_EQ(1, std::count(shown.begin(), shown.end(), "WhTest Twin"));
+  const program_record* quiet = record_named("WhTest Quiet");
+  ASSERT_NE(nullptr, quiet);
+  EXPECT_EQ("C:\\q\\quiet.exe", quiet->uninstall);
+  EXPECT_EQ("", quiet->key);
+  EXPECT_EQ("", quiet->folder) << "the quiet case works out no folder";
+  const program_record* nothing = record_named("WhTest Nothing");
+  ASSERT_NE(nullptr, nothing);
+  EXPECT_EQ("", nothing->uninstall);
+  EXPECT_EQ(0, cmdline_path_count);
+  EXPECT_TRUE(page_.QM.Visible());
+}
+
+TEST_F(Uninstall, ARecordPastTheTableIsLeftOutButCounted) {
+  page_.scan_installed_programs();
+  const int before = program_count;
+  char key[32], name[32];
+  for (int i = 0; i < program_table_size + 1 - before; ++i) {
+    std::snprintf(key, sizeof key, "WhTestMany%04d", i);
+    std::snprintf(name, sizeof name, "WhTest Many %04d", i);
+    entry(key, {{"DisplayName", name}});
+  }
+  entry("WhTestZzzLast", {{"DisplayName", "WhTest Zzz Last"}});  // enumerated last
+  page_.scan_installed_programs();
+  EXPECT_EQ(program_table_size + 2, program_count);
+  EXPECT_FALSE(program_table[program_table_size].name.empty());
+  EXPECT_EQ(nullptr, record_named("WhTest Zzz Last"));
+  EXPECT_EQ(program_table_size, page_.List1.ListCount());
+  EXPECT_EQ(-1, row_of(page_.List1, "WhTest Zzz Last"));
+}
+
+TEST_F(Uninstall, ScanWorksOutEachProgramsFolder) {
+  const std::string foo = dir_.folder("Apps\\Foo");
+  const std::string bar = dir_.folder("Apps\\Bar");
+  entry("WhTestLauncher", {{"DisplayName", "WhTest Launcher"},
+                           {"UninstallString", "C:\\WINDOWS\\remove.exe -f \"" + foo + "\\log.txt\""}});
+  entry("WhTestSetup", {{"DisplayName", "WhTest Setup"},
+                        {"UninstallString", bar + "\\Uninstall\\setup.exe /x"}});
+  entry("WhTestNoDrive", {{"DisplayName", "WhTestNoDrive"}, {"UninstallString", "uninst.exe /q"}});
+  entry("WhTestLocation", {{"DisplayName", "WhTest Location"},
+                           {"InstallLocation", "\"" + foo + "\\\""}});
+  entry("WhTestPf", {{"DisplayName", "WhTest Pf"},
+                     {"UninstallString", "\"%ProgramFiles%\\WhTestPf\\unins000.exe\""},
+                     {"InstallLocation", "%ProgramFiles%\\WhTestPf"}});
+  entry("WhTestInWindows", {{"DisplayName", "WhTest InWindows"},
+                            {"UninstallString", "C:\\windows\\whtest_uninst.exe"},
+                            {"DisplayIcon", foo + "\\foo.exe,0"}});
+  entry("WhTestMissingTo", {{"DisplayName", "WhTestMissingTo"},
+                            {"InstallTo", dir_.path() + "\\gone"}});
+  page_.scan_installed_programs();
+
+  auto folder_of = [](const std::string& name) {
+    const program_record* r = record_named(name);
+    return r ? r->folder : std::string("(no record)");
+  };
+  EXPECT_EQ(foo, folder_of("WhTest Launcher")) << "the last drive colon wins";
+  EXPECT_EQ(bar, folder_of("WhTest Setup")) << "the uninstaller's own folder is passed over";
+  EXPECT_EQ("", folder_of("WhTestNoDrive"));
+  EXPECT_EQ("", folder_of("WhTestMissingTo")) << "an InstallTo that is not there changes nothing";
+  EXPECT_EQ(foo, folder_of("WhTest Location")) << "quotes and the trailing backslash cut";
+  EXPECT_EQ(program_files_dir + "\\WhTestPf", folder_of("WhTest Pf"));
+  // The opening quote went with the variable; the closing one stays.
+  EXPECT_EQ(program_files_dir + "\\WhTestPf\\unins000.exe\"", record_named("WhTest Pf")->uninstall);
+  EXPECT_EQ(foo, folder_of("WhTest InWindows")) << "a Windows folder gives way to the icon's";
+}
+
+TEST_F(Uninstall, ScanFallsBackOnTheNameAndThePublisher) {
+  // Program Files of the prefix; what is made there goes again.
+  page_.scan_installed_programs();
+  const std::string word = program_files_dir + "\\WhTestWord";
+  const std::string pub = program_files_dir + "\\WhTestPub";
+  CreateDirectoryA(word.c_str(), nullptr);
+  CreateDirectoryA(pub.c_str(), nullptr);
+  CreateDirectoryA((pub + "\\Only").c_str(), nullptr);
+  entry("WhTestByWord", {{"DisplayName", "WhTestWord Suite 2"}});
+  entry("WhTestByPub", {{"DisplayName", "WhTestPubTool"}, {"Publisher", "WhTestPub"}});
+  page_.scan_installed_programs();
+  EXPECT_EQ(word, record_named("WhTestWord Suite 2")->folder);
+  EXPECT_EQ(pub + "\\Only", record_named("WhTestPubTool")->folder)
+      << "a subfolder of the publisher, never the publisher's folder";
+  test::remove_tree(word);
+  test::remove_tree(pub);
+}
+
+TEST_F(Uninstall, TheMemoryFileMarksNewProgramsOnce) {
+  DeleteFileA(apps.c_str());
+  entry("WhTestOld", {{"DisplayName", "WhTest Old"}});
+  page_.scan_installed_programs();
+  EXPECT_EQ(-1, row_of(page_.List1, "WhTest Old        <<<<NEW>>>>")) << "first scan: no marks";
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Old"));
+  const std::string file = read_file(apps);
+  EXPECT_NE(std::string::npos, file.find("WhTest Old\r\n"));
+
+  entry("WhTestFresh", {{"DisplayName", "WhTest Fresh"}});
+  page_.scan_installed_programs();
+  EXPECT_EQ("WhTest Fresh        <<<<NEW>>>>", page_.List1.List(0)) << "new ones on top";
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Old"));
+  page_.scan_installed_programs();
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Fresh")) << "marked in one scan only";
+
+  // Removed, a scan, installed again: new again, in Romanian this time.
+  reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\WhTestFresh");
+  page_.scan_installed_programs();
+  entry("WhTestFresh", {{"DisplayName", "WhTest Fresh"}});
+  language_flag = 2;
+  page_.scan_installed_programs();
+  EXPECT_EQ("WhTest Fresh       <<<<NOU>>>>", page_.List1.List(0));
+}
+
+TEST_F(Uninstall, PieMeasuresTheFolders) {
+  const std::string app = dir_.folder("Sized");
+  dir_.file("Sized\\a.bin", std::string(3000, 'x'));
+  entry("WhTestSized", {{"DisplayName", "WhTest Sized"}, {"InstallLocation", app}});
+  entry("WhTestUnsized", {{"DisplayName", "WhTest Unsized"}});
+  page_.scan_installed_programs();
+  page_.PIE_Click();
+  double size = 3000;
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Sized (" + form_.spatiuu(size) + ")"));
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Unsized(?)")) << "no blank ahead of the mark";
+  EXPECT_EQ(static_cast<int16_t>(65535), sizes_shown);
+  EXPECT_FALSE(page_.QM.Visible());
+  EXPECT_TRUE(page_.lupe.Visible());
+}
+
+TEST_F(Uninstall, TheFootShowsForTwoRowsAndSwitchesTheMode) {
+  entry("WhTestA", {{"DisplayName", "WhTest A"}});
+  entry("WhTestB", {{"DisplayName", "WhTest B"}});
+  page_.scan_installed_programs();
+  page_.List1.Selected(row_of(page_.List1, "WhTest A"), true);
+  EXPECT_FALSE(page_.talpa.Visible());
+  EXPECT_TRUE(page_.QM.Visible()) << "sizes not known yet";
+  page_.List1.Selected(row_of(page_.List1, "WhTest B"), true);
+  EXPECT_TRUE(page_.talpa.Visible());
+  EXPECT_FALSE(page_.PIE.Visible());
+  EXPECT_FALSE(page_.QM.Visible());
+  page_.talpa_Click();
+  EXPECT_EQ(static_cast<int16_t>(65535), sequential_uninstall);
+  page_.talpa_Click();
+  EXPECT_EQ(0, sequential_uninstall);
+}
+
+TEST_F(Uninstall, OneRowStartsWithoutWaitingOrAsking) {
+  const std::string log = dir_ / "one.log";
+  const std::string app = dir_.folder("One");
+  entry("WhTestOne", {{"DisplayName", "WhTest One"}, {"UninstallString", command(log, "one", 1500)},
+                      {"InstallLocation", app}});
+  sequential_uninstall = static_cast<int16_t>(65535);
+  page_.scan_installed_programs();
+  page_.List1.Selected(row_of(page_.List1, "WhTest One"), true);
+  ScriptedDialogs boxes;
+  page_.del_block();
+  EXPECT_EQ(0u, boxes.count());
+  EXPECT_EQ(std::string::npos, read_file(log).find("one end")) << "not waited for";
+  std::string clip;
+  clipboard_get_text(clip);
+  EXPECT_EQ(app, clip) << "the folder lies on the clipboard for delfolder";
+  EXPECT_NE(std::string::npos, wait_for_log(log, 2).find("one end"));
+}
+
+TEST_F(Uninstall, SequentialRowsWaitAndAskInBetween) {
+  const std::string log = dir_ / "seq.log";
+  const std::string a = dir_.folder("SeqA");
+  const std::string b = dir_.folder("SeqB");
+  entry("WhTestSeqA", {{"DisplayName", "WhTest SeqA"}, {"UninstallString", command(log, "a", 300)},
+                       {"InstallLocation", a}});
+  entry("WhTestSeqB", {{"DisplayName", "WhTest SeqB"}, {"UninstallString", command(log, "b", 0)},
+                       {"InstallLocation", b}});
+  page_.scan_installed_programs();
+  page_.List1.Selected(row_of(page_.List1, "WhTest SeqA"), true);
+  page_.List1.Selected(row_of(page_.List1, "WhTest SeqB"), true);
+  page_.talpa_Click();
+
+  // Each question sees the log as it stands when it is asked.
+  struct LogAtQuestion : DialogService {
+    std::string log;
+    std::vector<std::string> seen, texts;
+    int msg_box(const std::string& text, unsigned, const std::string&) override {
+      seen.push_back(read_file(log));
+      texts.push_back(text);
+      return texts.size() == 1 ? IDYES : IDNO;
+    }
+  } asked;
+  asked.log = log;
+  {
+    DialogScope scope(asked);
+    page_.del_block();
+  }
+  ASSERT_EQ(2u, asked.texts.size());
+  EXPECT_EQ("The folder " + a + " is not empty.Would  you like to delete it?", asked.texts[0]);
+  EXPECT_EQ("a start\r\na end\r\n", asked.seen[0]) << "the first ended before the question";
+  EXPECT_EQ("a start\r\na end\r\nb start\r\nb end\r\n", read_file(log));
+  EXPECT_FALSE(path_exists(a)) << "yes deletes the left-over folder";
+  EXPECT_TRUE(path_exists(b));
+}
+
+TEST_F(Uninstall, AMissingUninstallerLosesItsEntry) {
+  entry("WhTestBroken", {{"DisplayName", "WhTest Broken"},
+                         {"UninstallString", dir_.path() + "\\missing\\unins000.exe"}});
+  entry("WhTestEmpty", {{"DisplayName", "WhTest Empty"}});
+  page_.scan_installed_programs();
+  page_.List1.Selected(row_of(page_.List1, "WhTest Broken"), true);
+  ScriptedDialogs boxes;
+  page_.del_block();
+  EXPECT_FALSE(has_entry("WhTestBroken"));
+  EXPECT_EQ(-1, row_of(page_.List1, "WhTest Broken")) << "the list healed";
+  page_.List1.Selected(row_of(page_.List1, "WhTest Empty"), true);
+  page_.del_block();
+  EXPECT_FALSE(has_entry("WhTestEmpty")) << "an empty command fails the same way";
+  EXPECT_EQ(0u, boxes.count()) << "nothing is shown";
+}
+
+TEST_F(Uninstall, OwnEntryAnsweredNoStopsTheRun) {
+  const std::string log = dir_ / "own.log";
+  dir_.folder("Wellharrower");
+  entry("WhTestAaaOwn", {{"DisplayName", "WhTest Aaa Wellharrower"},
+                         {"UninstallString", command(log, "own") + " Wellharrower"}});
+  entry("WhTestZzz", {{"DisplayName", "WhTest Zzz"}, {"UninstallString", command(log, "zzz")}});
+  page_.scan_installed_programs();
+  page_.List1.Selected(row_of(page_.List1, "WhTest Aaa Wellharrower"), true);
+  page_.List1.Selected(row_of(page_.List1, "WhTest Zzz"), true);
+  std::string answer;
+  page_.mm = [&](const std::string& text) { answer = text; };
+  ScriptedDialogs boxes({IDNO});
+  page_.del_block();
+  ASSERT_EQ(2u, boxes.count());
+  EXPECT_EQ("Are you sure you want to uninstall such a great software?", boxes.boxes()[0].text);
+  EXPECT_EQ("Good choice!", boxes.last().text);
+  EXPECT_EQ("7", answer);
+  Sleep(300);
+  EXPECT_FALSE(path_exists(log)) << "neither this program nor the rows after it started";
+}
+
+TEST_F(Uninstall, ADroppedShortcutRunsTheMatchingUninstaller) {
+  const std::string log = dir_ / "drop.log";
+  const std::string app = dir_.folder("Dropped");
+  const std::string exe = dir_.file("Dropped\\tool.exe", "MZ");
+  entry("WhTestDropped", {{"DisplayName", "WhTest Dropped"},
+                          {"UninstallString", command(log, "drop")},
+                          {"InstallLocation", app}});
+  const std::string link = dir_ / "tool.lnk";
+  ASSERT_EQ(0, shell_link_create(link, exe));
+  page_.uninstall_dropped(link);
+  EXPECT_NE(std::string::npos, wait_for_log(log, 2).find("drop end"));
+
+  // No folder match and no uninstall.exe beside it: nothing at all.
+  const std::string other = dir_.file("Elsewhere\\WhTest Dropped.exe", "MZ");
+  ScriptedDialogs boxes;
+  page_.uninstall_dropped(other);
+  Sleep(300);
+  EXPECT_EQ("drop start\r\ndrop end\r\n", read_file(log))
+      << "the name loops run to cmdline_path_count, which the scan set to 0";
+  EXPECT_EQ(0u, boxes.count());
+}
+
+}  // namespace
