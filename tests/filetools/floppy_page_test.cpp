@@ -21,21 +21,9 @@ using wh::test::path_exists;
 
 namespace {
 
-std::vector<std::string> on_a() {
-  std::vector<std::string> out;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA("A:\\*", &fd);
-  if (h == INVALID_HANDLE_VALUE) return out;
-  do {
-    std::string n = fd.cFileName;
-    if (n != "." && n != "..") out.push_back(n);
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
-  return out;
-}
 
 void empty_a() {
-  for (const std::string& n : on_a()) test::remove_tree("A:\\" + n);
+  for (const std::string& n : test::names_in("A:")) test::remove_tree("A:\\" + n);
 }
 
 bool killa_window_open() {
@@ -85,7 +73,7 @@ TEST_F(FloppySection, AFormatEmptiesTheDiskAndTheWatchEndsTheTool) {
   ASSERT_FALSE(form.closing.Enabled()) << "the tool never reached \"Inactive\"";
   EXPECT_TRUE(format_done);
   EXPECT_FALSE(form.mark.Visible());
-  EXPECT_TRUE(on_a().empty());
+  EXPECT_TRUE(test::names_in("A:").empty());
   EXPECT_FALSE(killa_window_open());
   EXPECT_FALSE(path_exists(killa_path()));
   EXPECT_EQ("ref_Click", form.calls.back());
@@ -112,9 +100,9 @@ TEST_F(FloppySection, TheFloppysFilesShowAndDeleteRemovesTheSelectedOne) {
   page.File2.ListIndex(1);
   int key = VK_DELETE;
   page.File2_KeyDown(key, 1);  // with Shift: nothing
-  EXPECT_EQ(2u, on_a().size());
+  EXPECT_EQ(2u, test::names_in("A:").size());
   page.File2_KeyDown(key, 0);
-  EXPECT_EQ(std::vector<std::string>{"a.txt"}, on_a());
+  EXPECT_EQ(std::vector<std::string>{"a.txt"}, test::names_in("A:"));
   EXPECT_EQ(1, page.File2.ListCount());
 }
 

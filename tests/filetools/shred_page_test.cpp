@@ -22,18 +22,6 @@ using wh::test::TestForm;
 
 namespace {
 
-int entries(const std::string& folder) {
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  int n = 0;
-  if (h != INVALID_HANDLE_VALUE) {
-    do n += std::string(fd.cFileName) != "." && std::string(fd.cFileName) != "..";
-    while (FindNextFileA(h, &fd));
-    FindClose(h);
-  }
-  return n;
-}
-
 std::string panel_line(const MainForm& m, int row) {
   std::string s = m.lcd.Line(row);
   while (!s.empty() && s.back() == ' ') s.pop_back();
@@ -84,7 +72,7 @@ TEST_F(ShredSection, AFileIsShreddedWithItsNameOnTheWaitPanelAndThePanel) {
   target(file);
   page.del_block();
   EXPECT_FALSE(path_exists(file));
-  EXPECT_EQ(0, entries(dir.path()));
+  EXPECT_TRUE(test::names_in(dir.path()).empty());
   EXPECT_EQ("Shredding file...", panel_line(form, 1));
   EXPECT_FALSE(form.mark.Visible());
   EXPECT_EQ("", form.Label39.Caption());
@@ -105,7 +93,7 @@ TEST_F(ShredSection, AFolderTreeLeavesNothingBehind) {
   page.del_block();
   EXPECT_FALSE(path_exists(dir / "victim"));
   // Neither the folder nor its throw-away name is left; its neighbour is.
-  EXPECT_EQ(1, entries(dir.path()));
+  EXPECT_EQ(1u, test::names_in(dir.path()).size());
   EXPECT_TRUE(path_exists(dir / "keep.txt"));
   EXPECT_EQ("before", panel_line(form, 1));
   EXPECT_EQ("Shredding folder...", panel_line(form, 2)) << "written under what was there";

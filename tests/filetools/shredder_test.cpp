@@ -19,6 +19,7 @@
 #include "ui/dialogs.h"
 
 using namespace wh;
+using wh::test::names_in;
 using wh::test::ScratchDir;
 
 namespace {
@@ -63,18 +64,6 @@ std::string describe(const std::string& bytes) {
 
 std::string run(size_t n, char c) { return describe(std::string(n, c)); }
 
-std::vector<std::string> names_in(const std::string& folder) {
-  std::vector<std::string> names;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h == INVALID_HANDLE_VALUE) return names;
-  do {
-    std::string n = fd.cFileName;
-    if (n != "." && n != "..") names.push_back(n);
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
-  return names;
-}
 
 class Shredder : public ::testing::Test {
 protected:

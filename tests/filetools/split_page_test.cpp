@@ -297,23 +297,10 @@ public:
     boxes.push_back({text, style});
     if (text.rfind("Remove the disk", 0) == 0) {
       const std::string disk = dir_.folder("disk" + std::to_string(++disks));
-      for (const std::string& n : on_a())
+      for (const std::string& n : test::names_in("A:"))
         MoveFileA(("A:\\" + n).c_str(), (disk + "\\" + n).c_str());
     }
     return IDOK;
-  }
-  static std::vector<std::string> on_a() {
-    std::vector<std::string> out;
-    WIN32_FIND_DATAA fd;
-    HANDLE h = FindFirstFileA("A:\\*", &fd);
-    if (h == INVALID_HANDLE_VALUE) return out;
-    do {
-      std::string n = fd.cFileName;
-      if (n != "." && n != "..") out.push_back(n);
-    } while (FindNextFileA(h, &fd));
-    FindClose(h);
-    std::sort(out.begin(), out.end());
-    return out;
   }
   std::vector<std::pair<std::string, unsigned>> boxes;
   int disks = 0;
@@ -335,7 +322,7 @@ protected:
     SplitSection::TearDown();
   }
   static void clear_a() {
-    for (const std::string& n : DiskSwapper::on_a()) test::remove_tree("A:\\" + n);
+    for (const std::string& n : test::names_in("A:")) test::remove_tree("A:\\" + n);
   }
   void split_to_floppies(const std::string& file, const std::string& megabytes) {
     page.calefisier.Caption(file);
@@ -359,7 +346,7 @@ TEST_F(Spanning, ThreeFragmentsGoOneToADiskAndTheBatchFileToTheLast) {
   EXPECT_EQ(content.substr(10486, 10486), test::read_file(dir / "disk2\\" + base + ".002"));
   EXPECT_FALSE(path_exists(dir / "disk1\\merge(movie.avi).bat"));
   EXPECT_FALSE(path_exists(dir / "disk2\\merge(movie.avi).bat"));
-  EXPECT_EQ((std::vector<std::string>{"merge(movie.avi).bat", base + ".003"}), DiskSwapper::on_a());
+  EXPECT_EQ((std::vector<std::string>{"merge(movie.avi).bat", base + ".003"}), test::names_in("A:"));
   EXPECT_EQ(content.substr(2 * 10486), test::read_file("A:\\" + base + ".003"));
   // The fragments left the source's folder; the batch file was copied.
   EXPECT_FALSE(path_exists(dir / "src\\" + base + ".001"));
@@ -390,7 +377,7 @@ TEST_F(Spanning, AnExactDivisionCountsTooManyDisksAndTheCountWrapsToNoDisk) {
   split_to_floppies(file, "0.0625");
   ASSERT_EQ(2u, swapper.boxes.size());
   EXPECT_EQ(0u, swapper.boxes[1].first.find("You need 262144 formatted floppy disks."));
-  EXPECT_TRUE(DiskSwapper::on_a().empty());
+  EXPECT_TRUE(test::names_in("A:").empty());
   const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
   EXPECT_TRUE(path_exists(dir / "src\\" + base + ".004")) << "the fragments stay";
 }

@@ -16,6 +16,7 @@
 #include "support/scratch.h"
 
 using namespace wh;
+using wh::test::names_in;
 using wh::test::path_exists;
 using wh::test::read_file;
 using wh::test::ScratchDir;
@@ -62,18 +63,6 @@ std::string run_batch(const std::string& folder, const std::string& batch) {
   return text;
 }
 
-std::vector<std::string> names_in(const std::string& folder) {
-  std::vector<std::string> out;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h == INVALID_HANDLE_VALUE) return out;
-  do {
-    std::string n = fd.cFileName;
-    if (n != "." && n != "..") out.push_back(n);
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
-  return out;
-}
 
 struct JoinCase {
   const char* label;

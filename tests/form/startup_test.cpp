@@ -84,15 +84,7 @@ TEST(StartWithPaths, QuotedAndUnquotedFoldersAreShreddedAndRemoved) {
   EXPECT_FALSE(path_exists(dir / "some folder"));
   EXPECT_FALSE(path_exists(dir / "somefolder"));
   // Nothing left beside them either: no renamed leftovers.
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((dir.path() + "\\*").c_str(), &fd);
-  int entries = 0;
-  if (h != INVALID_HANDLE_VALUE) {
-    do entries += std::string(fd.cFileName) != "." && std::string(fd.cFileName) != "..";
-    while (FindNextFileA(h, &fd));
-    FindClose(h);
-  }
-  EXPECT_EQ(0, entries);
+  EXPECT_TRUE(wh::test::names_in(dir.path()).empty());
 }
 
 TEST(OrdinaryStart, SecondInstanceEndsAtOnceWithoutAWindow) {

@@ -1,5 +1,7 @@
 #include "support/scratch.h"
 
+#include <algorithm>
+
 #include <shlwapi.h>
 
 namespace wh::test {
@@ -34,6 +36,20 @@ void remove_tree(const std::string& path) {
     }
   }
   RemoveDirectoryA(path.c_str());
+}
+
+std::vector<std::string> names_in(const std::string& folder) {
+  std::vector<std::string> out;
+  WIN32_FIND_DATAA fd;
+  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
+  if (h == INVALID_HANDLE_VALUE) return out;
+  do {
+    const std::string n = fd.cFileName;
+    if (n != "." && n != "..") out.push_back(n);
+  } while (FindNextFileA(h, &fd));
+  FindClose(h);
+  std::sort(out.begin(), out.end());
+  return out;
 }
 
 bool path_exists(const std::string& path) {

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace wh::test {
 
@@ -52,6 +53,8 @@ private:
 std::string read_file(const std::string& path);
 void write_file(const std::string& path, const std::string& bytes);
 bool path_exists(const std::string& path);
+// The names in a folder, sorted; none when it cannot be listed.
+std::vector<std::string> names_in(const std::string& folder);
 // Removes a tree, clearing read-only and friends on the way.
 void remove_tree(const std::string& path);
 

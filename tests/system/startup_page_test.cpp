@@ -88,19 +88,6 @@ void select(ListBox& list, const std::string& text) {
   list.Selected(i, true);
 }
 
-Texts files_in(const std::string& folder) {
-  Texts out;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h == INVALID_HANDLE_VALUE) return out;
-  do {
-    std::string n = fd.cFileName;
-    if (n != "." && n != "..") out.push_back(n);
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
-  std::sort(out.begin(), out.end());
-  return out;
-}
 
 // Waits for something that a started regedit does; regedit is not waited
 // for by the program.
@@ -159,7 +146,7 @@ protected:
     for (const char* s : {"WhTestSvcMs", "WhTestSvcCorp", "WhTestSvcPlain", "WhTestSvcDriver"})
       reg_delete_tree(HKEY_LOCAL_MACHINE, std::string(services) + s);
     for (const std::string& folder : {user_startup, common_startup, repair})
-      for (const std::string& f : files_in(folder))
+      for (const std::string& f : test::names_in(folder))
         if (f.find("WhTest") != std::string::npos || f.find("whtest") != std::string::npos)
           DeleteFileA((folder + "\\" + f).c_str());
   }
@@ -269,13 +256,13 @@ TEST_F(StartupSection, EverySourceGivesItsRows) {
 TEST_F(StartupSection, AValueGoesFromAllFourKeysAndTheClosedUmbrellaWritesNothing) {
   for (const Place4& p : run_places) set_sz(p.root, p.key, "WhTestFoo", "C:\\x\\y.exe");
   set_sz(HKEY_CURRENT_USER, run_key, "WhTestKeep", "C:\\x\\keep.exe");
-  const Texts before = files_in(repair);
+  const Texts before = test::names_in(repair);
   page.enter();
   page.run_reg.Selected(row_of(page.run_reg, "WhTestFoo->C:\\x\\y.exe"), true);
   page.del_block();
   for (const Place4& p : run_places) EXPECT_FALSE(has_value(p.root, p.key, "WhTestFoo"));
   EXPECT_TRUE(has_value(HKEY_CURRENT_USER, run_key, "WhTestKeep"));
-  EXPECT_EQ(before, files_in(repair));
+  EXPECT_EQ(before, test::names_in(repair));
   EXPECT_EQ(Texts{"WhTestKeep->C:\\x\\keep.exe"}, ours(page.run_reg)) << "scanned again";
 }
 
