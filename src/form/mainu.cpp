@@ -32,7 +32,8 @@ Mainu::Mainu()
       startup_page(*this, search, Text6, k1),
       duplicates_page(*this, k1),
       ram(*this),
-      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus) {
+      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus),
+      power(*this) {
   search.Visible(false);
   frame1.Visible(false);
   // They sit on the dark strip under the pages.
@@ -52,6 +53,8 @@ Mainu::Mainu()
   // Over every page: the tip panel and the wait panel.
   mark.ZOrder(0);
   quicktip.ZOrder(0);
+  // The "great software" answer of an uninstall run lands in the minutes box.
+  uninstall_page.mm = [this](const std::string& text) { power.mm.Text(text); };
 
   uninstall.Click = [this] { uninstall_Click(); };
   task.Click = [this] { task_Click(); };
@@ -96,7 +99,8 @@ Mainu::Mainu()
 }
 
 void Mainu::Timer3_Timer() {
-  // The power-off time check plugs in here, before the monitor.
+  power.time_check();
+  disk_page.free_space_tick();
   monitor.run();
 }
 
