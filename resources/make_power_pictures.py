@@ -80,6 +80,18 @@ def main():
         "line 12,12 12,7.5", "line 44,16 44,11.5").replace("line 12,12 15.5,14", "line 44,16 47,18"))
     tile("ADDF", 64, 30, folder(16, 3, ink) + badge(40, 19, True, skin.ACCENT, skin.TILE_BOTTOM))
     tile("SUBF", 64, 30, folder(16, 3, ink) + badge(40, 19, False, red, skin.TILE_BOTTOM))
+    for name, lines in (("POWEROFF_EN", ("The PC is shutting down...",
+                                         "Thank you for using Wellharrower!")),
+                        ("POWEROFF_RO", ("PC-ul se opreste...",
+                                         "Va multumim ca folositi Wellharrower!"))):
+        with tempfile.TemporaryDirectory() as tmp:
+            png = Path(tmp) / "p.png"
+            mvg = "".join(skin.text_mvg(18, 74 + 26 * i, line, 14 if i == 0 else 12,
+                                        skin.TEXT if i == 0 else skin.TEXT_DIM)
+                          for i, line in enumerate(lines))
+            subprocess.run([skin.CONVERT, str(skin.SKIN / "poweroff_back.bmp"), "-draw", mvg,
+                            str(png)], check=True)
+            skin.to_bmp(png, skin.SKIN / f"{name.lower()}.bmp")
     tile("FROG_JOS", 64, 30, chip(ink))
     tile("FROG_SUS", 64, 30, chip(skin.LIT_INK), lit=True)
 

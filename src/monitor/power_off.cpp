@@ -1,5 +1,6 @@
 #include "monitor/power_off.h"
 
+#include "core/globals.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
 #include "core/text.h"
@@ -29,7 +30,7 @@ ClockTime clock_now() {
 
 void power_off() {
   Poweroff& window = poweroff();
-  // One picture for both languages so far: the window carries its own.
+  window.picture(LoadPicture(language_flag == 1 ? "POWEROFF_EN" : "POWEROFF_RO"));
   window.Show();
   ::SetWindowPos(window.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
   do_events();
