@@ -17,7 +17,8 @@ Mainu::Mainu()
                 .width = skin::window_width, .height = skin::window_height, .popup = true,
                 .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
       search(add<Frame>("search", at(skin::strip_panel))),
-      frame1(add<Frame>("frame1", at(skin::strip_panel))),
+      // An empty cover over the small bar: no outline.
+      frame1(add<Frame>("frame1", at(skin::strip_panel), "", Frame::Options{.border = false})),
       Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
       Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
       k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
