@@ -1,6 +1,7 @@
 #pragma once
 // Section 8: junk files and usage traces, with the trace viewer and the
 // plug-ins.
+#include <cstdint>
 #include <string>
 
 #include "cleaning/cleaner.h"
@@ -30,9 +31,14 @@ public:
   ImageButton& Image22;  // holders of the two showplugins pictures
   ImageButton& Image23;
   Frame& Frame15;  // the trace viewer
-  PictureBox& Picture9;
-  PictureBox& Picture7;
+  PictureBox& Picture9;  // holds the close label
+  PictureBox& Picture7;  // holds the title
   ListBox& junk_files;
+  Label& Label14_10;     // "Label14(10)", the viewer's title
+  Label& Label30;        // closes the viewer
+  TextBox& Text2;        // the clipboard's text
+  PictureBox& Picture8;  // the clipboard's picture, in Image14
+  ImageButton& Image14;
   Frame& frame1;
   FileListBox& File1;
   DirListBox& Dir3;
@@ -61,6 +67,11 @@ public:
   virtual void collect_trace_paths();
   virtual void junk_scan();
   virtual void lupa_Click();  // the trace viewer, by current_check_key
+  void Label30_Click();
+  void junk_files_MouseMove(int button, int shift, int x, int y);
+  // The lines of junk_files that came from the URL cache in mode 6.
+  int16_t history_first_line = 0;
+  int16_t history_last_line = 0;
   // Runs every selected line of pluginlist.
   virtual void run_plugins();
   bool scan_plugins();  // true when a plug-in was found
@@ -72,6 +83,12 @@ public:
 
 private:
   void run_category(int index);
+  // The viewer's modes that fill the list.
+  void show_junk_items();
+  void show_index_files();
+  void show_clipboard();
+  void show_history();
+  void show_typed_urls();
 
   MainForm& form_;
   JunkCleaner cleaner_;
