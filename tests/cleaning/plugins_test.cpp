@@ -192,7 +192,7 @@ TEST_F(PluginScan, TheDescriptionUnderThePointerGoesOnThePanelLineByLine) {
   page.pluginlist_MouseMove(row * 3);
   EXPECT_EQ("MAINU", form.lighton);
   page.pluginlist_MouseMove(1);
-  EXPECT_EQ((Names{"    Crash dumps", "1 file", "left by programs", "that stopped working"}),
+  EXPECT_EQ((Names{"    Crash dumps", "1 file", "left by programs", "that crashed"}),
             panel(form));
 }
 

@@ -111,13 +111,13 @@ void empty_folder(const std::string& folder) {
   FindClose(walk);
 }
 
-// Up to 20 characters a line on the program's display.
+// Up to 19 characters a line show on the program's display.
 std::wstring description() {
   const int count = count_files(dumps_folder());
   std::string text = count == 0 ? "  No crash dumps"
                                 : "    Crash dumps|" + std::to_string(count) +
                                       (count == 1 ? " file" : " files") +
-                                      "|left by programs|that stopped working";
+                                      "|left by programs|that crashed";
   return std::wstring(text.begin(), text.end());
 }
 
