@@ -159,16 +159,6 @@ TEST_F(PluginScan, OnlyTheFirstUnknownFileOfAStartIsRegistered) {
   EXPECT_EQ(2, page.pluginlist.ListCount());
 }
 
-TEST_F(PluginScan, NoFolderOrNoPluginMeansNoneFound) {
-  PluginPage page(form, shared);
-  EXPECT_FALSE(page.scan_plugins());
-  Plugins plugins;
-  wh::test::write_file(app_path() + "\\JunkHarrower Plugins\\readme.txt", "not a plug-in");
-  EXPECT_FALSE(page.scan_plugins());
-  EXPECT_EQ(0, page.pluginlist.ListCount());
-  DeleteFileA((app_path() + "\\JunkHarrower Plugins\\readme.txt").c_str());
-}
-
 TEST_F(PluginScan, TheDescriptionUnderThePointerGoesOnThePanelLineByLine) {
   CrashDumps dumps;
   if (!dumps.made) GTEST_SKIP() << "the prefix has crash dumps of its own";
