@@ -18,7 +18,11 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
     : junk_form(form.add<Frame>("junk_form", page_place())),
       Label14(form.add<Label>("Label14", Place{8, 262, 150, 20, &junk_form})),
       total(form.add<Label>("total", Place{160, 262, 150, 20, &junk_form})),
-      pluginlist(form.add<ListBox>("pluginlist", Place{410, 256, 202, 66, &junk_form},
+      plugins(form.add<Frame>("plugins", Place{404, 150, 212, 176, &junk_form})),
+      Label14_plugins(form.add<Label>("Label14(11)", Place{6, 4, 180, 18, &plugins},
+                                      "JunkHarrower Plugins")),
+      Picture14(form.add<PictureBox>("Picture14", Place{190, 4, 16, 16, &plugins})),
+      pluginlist(form.add<ListBox>("pluginlist", Place{6, 26, 200, 144, &plugins},
                                    ListBox::Options{.multi_select = multi_simple})),
       showplugins(form.add<ImageButton>("showplugins", extra_place(2))),
       Image22(form.add<ImageButton>("Image22", Place{0, 0, 16, 16})),
@@ -55,13 +59,14 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
                                   Label::Options{.alignment = right_justify});
   k1.Hidden = true;
   k1.System = true;
-  for (Control* c : std::initializer_list<Control*>{&junk_form, &showplugins, &Image22, &Image23,
-                                                    &Frame15, &Text2, &Picture8})
+  for (Control* c : std::initializer_list<Control*>{&junk_form, &plugins, &showplugins, &Image22,
+                                                    &Image23, &Frame15, &Text2, &Picture8})
     c->Visible(false);
   Label30.Click = [this] { Label30_Click(); };
   junk_files.MouseMove = [this](int button, int shift, int x, int y) {
     junk_files_MouseMove(button, shift, x, y);
   };
+  wire_plugins();
   junk_form.ZOrder(0);  // over the lists that sit on the form itself
   Frame15.ZOrder(0);
 }
@@ -214,7 +219,5 @@ void JunkPage::famic() {
   Frame15.Visible(true);
 }
 
-void JunkPage::run_plugins() {}
-bool JunkPage::scan_plugins() { return false; }
 
 }  // namespace wh

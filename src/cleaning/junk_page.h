@@ -26,6 +26,9 @@ public:
   Label* ocupied[10] = {};   // sizes of categories 1 to 9
   Label& Label14;            // " Total selected:"
   Label& total;
+  Frame& plugins;  // the plug-in panel
+  Label& Label14_plugins;  // its title, an element of the Label14 array
+  PictureBox& Picture14;   // hides the panel
   ListBox& pluginlist;
   ImageButton& showplugins;
   ImageButton& Image22;  // holders of the two showplugins pictures
@@ -74,7 +77,16 @@ public:
   int16_t history_last_line = 0;
   // Runs every selected line of pluginlist.
   virtual void run_plugins();
-  bool scan_plugins();  // true when a plug-in was found
+  // The plug-ins beside the program (junk_plugins.cpp): every file of the
+  // folder "JunkHarrower Plugins" whose base name + ".Plugin" can be made;
+  // the first that cannot is registered once a start and tried again. True
+  // when a plug-in was found.
+  bool scan_plugins();
+  void showplugins_Click();
+  void showplugins_MouseMove();
+  // Writes the Description of the plug-in under the pointer on the LCD.
+  void pluginlist_MouseMove(int y);
+  void Picture14_Click();
 
   // Sets the five browser strings; the result is not used.
   std::string find_browsers();
@@ -89,9 +101,11 @@ private:
   void show_clipboard();
   void show_history();
   void show_typed_urls();
+  void wire_plugins();  // the panel's pictures and handlers
 
   MainForm& form_;
   JunkCleaner cleaner_;
+  bool plugin_retried_ = false;  // a registration was tried in this start
 };
 
 }  // namespace wh

@@ -77,6 +77,12 @@ Mainu::Mainu()
   Timer3.Tick = [this] { Timer3_Timer(); };
   Timer2.Tick = [this] { monitor.Timer2_Timer(); };
   task_page.frogsus.Click = [this] { ram.frogsus_Click(); };
+  // A drag over the bare form, and over the duplicate finder's Option4 (which
+  // never shows in section 3), is section 3's drag.
+  for (DropEvent* over : {&OLEDragOver, &duplicates_page.Option4.OLEDragOver})
+    *over = [this](const std::vector<std::string>& f) { split_page.Form_OLEDragOver(f); };
+  OLEDropMode(true);
+  duplicates_page.Option4.OLEDropMode(true);
 
   // No caption, yet the taskbar can minimise and restore it: that takes a
   // system menu and a minimise box in the style.
