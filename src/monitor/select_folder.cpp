@@ -16,7 +16,7 @@ std::string browse_for_folder(const std::string& title, const std::string& start
 }
 
 SelectFolder::SelectFolder(MainForm& main, PowerSchedule& schedule)
-    : Form({.class_name = "WellharrowerSelectFolder", .width = 360, .height = 250,
+    : Form({.class_name = "WellharrowerSelectFolder", .caption = "", .width = 360, .height = 250,
             .tool_window = true, .owner = main.hwnd()}),
       List1(add<ListBox>("List1", Place{8, 8, 260, 200},
                          ListBox::Options{.multi_select = multi_extended})),
