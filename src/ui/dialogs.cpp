@@ -17,6 +17,18 @@ int SystemDialogs::msg_box(const std::string& text, unsigned style, const std::s
   return ::MessageBoxA(::GetActiveWindow(), text.c_str(), title.c_str(), style);
 }
 
+int DialogService::popup_menu(HMENU menu, HWND owner) {
+  // The owner in front, or the menu would not close on a click elsewhere;
+  // the posted message lets the menu's loop see that it has ended.
+  POINT at{};
+  ::GetCursorPos(&at);
+  ::SetForegroundWindow(owner);
+  int id = static_cast<int>(::TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y,
+                                             0, owner, nullptr));
+  ::PostMessageA(owner, WM_NULL, 0, 0);
+  return id;
+}
+
 DialogService& dialogs() { return *current; }
 
 int msg_box(const std::string& text, unsigned style, const std::string& title) {
@@ -33,6 +45,11 @@ ScriptedDialogs::ScriptedDialogs(std::vector<int> answers, int fallback)
 int ScriptedDialogs::msg_box(const std::string& text, unsigned style, const std::string& title) {
   boxes_.push_back({text, style, title});
   return next_ < answers_.size() ? answers_[next_++] : fallback_;
+}
+
+int ScriptedDialogs::popup_menu(HMENU menu, HWND) {
+  menus_.push_back(menu);
+  return next_item_ < items_.size() ? items_[next_item_++] : 0;
 }
 
 }  // namespace wh

@@ -1,0 +1,320 @@
+// The notification area with the real shell calls: the main icon of
+// Picture4, the busy icons, and the tray menu's form that the first right
+// click on the icon makes. The shell's messages are posted as it sends them:
+// WM_MOUSEMOVE with the mouse message in lParam.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/form_test.h"
+#include "support/scratch.h"
+#include "core/choose.h"
+#include "core/globals.h"
+#include "core/settings.h"
+#include "core/tray.h"
+#include "form/meniu.h"
+#include "monitor/ram_release.h"
+#include "platform/files.h"
+#include "platform/tray.h"
+
+using namespace wh;
+using wh::test::path_exists;
+using wh::test::StoreTest;
+using wh::test::write_file;
+
+namespace {
+
+// A modify answers TRUE only while the icon stands.
+bool icon_stands(HWND owner) {
+  TrayRecord r;
+  r.hWnd = owner;
+  r.uID = 1;
+  r.uFlags = NIF_TIP;
+  return shell_notify_icon(NIM_MODIFY, r) != FALSE;
+}
+
+void tray_message(Mainu& m, UINT message) {
+  PostMessageA(m.Picture4.hwnd(), WM_MOUSEMOVE, 1, message);
+  do_events();
+}
+
+void click(Control& c, UINT down, UINT up, WPARAM keys) {
+  c.send(down, keys, MAKELPARAM(3, 3));
+  c.send(up, 0, MAKELPARAM(3, 3));
+}
+
+void to_tray(Mainu& m) { click(m.Image10, WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON); }
+
+// Runs `look` when the event loop first gets a turn after `post()`: from
+// inside a long action, which pumps events as it works.
+class Witness {
+public:
+  explicit Witness(std::function<void()> look) : look_(std::move(look)) {
+    WNDCLASSA wc{};
+    wc.lpfnWndProc = proc;
+    wc.hInstance = GetModuleHandleA(nullptr);
+    wc.lpszClassName = "WhTrayWitness";
+    RegisterClassA(&wc);
+    hwnd_ = CreateWindowA("WhTrayWitness", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                          wc.hInstance, nullptr);
+    SetWindowLongPtrA(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  }
+  ~Witness() { DestroyWindow(hwnd_); }
+  void post() { PostMessageA(hwnd_, WM_APP, 0, 0); }
+  bool looked() const { return looked_; }
+
+private:
+  static LRESULT CALLBACK proc(HWND w, UINT msg, WPARAM wp, LPARAM lp) {
+    auto* self = reinterpret_cast<Witness*>(GetWindowLongPtrA(w, GWLP_USERDATA));
+    if (msg == WM_APP && self && !self->looked_) {
+      self->looked_ = true;
+      self->look_();
+      return 0;
+    }
+    return DefWindowProcA(w, msg, wp, lp);
+  }
+  std::function<void()> look_;
+  HWND hwnd_ = nullptr;
+  bool looked_ = false;
+};
+
+class Tray : public StoreTest {
+protected:
+  void SetUp() override {
+    StoreTest::SetUp();
+    save_setting("runed", "3");  // no first run, no tips
+    save_setting("readed 0.95", "1");
+    m = &start_form();
+    language_flag = 1;
+  }
+  void TearDown() override {
+    tray_remove();
+    tray_remove_busy();
+    tray_remove_menu();
+    StoreTest::TearDown();
+  }
+  Mainu* m = nullptr;
+};
+
+TEST_F(Tray, RightClickOnMinimiseGoesToTheTrayAndTheIconsLeftButtonComesBack) {
+  ASSERT_TRUE(IsWindowVisible(m->hwnd()));
+  to_tray(*m);
+  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
+  EXPECT_FALSE(IsWindowVisible(m->hwnd()));
+
+  // The mouse passing over the icon empties the caption; other messages
+  // than the table's do nothing.
+  tray_message(*m, WM_MOUSEMOVE);
+  EXPECT_EQ("", m->Caption());
+  tray_message(*m, WM_LBUTTONUP);
+  tray_message(*m, WM_LBUTTONDBLCLK);
+  EXPECT_FALSE(IsWindowVisible(m->hwnd()));
+  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
+
+  tray_message(*m, WM_LBUTTONDOWN);
+  EXPECT_TRUE(IsWindowVisible(m->hwnd()));
+  EXPECT_FALSE(IsIconic(m->hwnd()));
+  EXPECT_EQ("Wellharrower", m->Caption());
+  EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
+
+  // The left button on minimise only minimises.
+  click(m->Image10, WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON);
+  EXPECT_TRUE(IsIconic(m->hwnd()));
+  EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
+}
+
+TEST_F(Tray, TheFirstRightClickMakesTheMenuFormOnceAndTheLanguagePicksTheMenu) {
+  to_tray(*m);
+  EXPECT_FALSE(m->meniu_loaded());
+  tray_message(*m, WM_RBUTTONDOWN);
+  ASSERT_TRUE(m->meniu_loaded());
+  Meniu& menu = m->meniu();
+  EXPECT_EQ(1, menu.loads);
+  language_flag = 2;
+  tray_message(*m, WM_RBUTTONDOWN);
+  language_flag = 0;  // anything but 2 is English
+  tray_message(*m, WM_RBUTTONDOWN);
+  EXPECT_EQ(1, menu.loads);
+  EXPECT_EQ((std::vector<HMENU>{menu.fili2.handle(), menu.fili.handle(), menu.fili2.handle()}),
+            boxes.menus());
+  EXPECT_FALSE(IsWindowVisible(menu.hwnd()));
+  EXPECT_FALSE(IsWindowVisible(m->hwnd())) << "a menu closed without a choice leaves it hidden";
+
+  // Line by line both menus carry the same pictures, as checked and unchecked.
+  for (const Menu* sub : {&menu.fili, &menu.fili2}) {
+    ASSERT_EQ(17, GetMenuItemCount(sub->handle()));
+    for (int j = 0; j < 17; ++j) {
+      MENUITEMINFOA info{};
+      info.cbSize = sizeof info;
+      info.fMask = MIIM_CHECKMARKS;
+      ASSERT_TRUE(GetMenuItemInfoA(sub->handle(), static_cast<UINT>(j), TRUE, &info));
+      ASSERT_TRUE(menu.Image1[static_cast<size_t>(j)]);
+      EXPECT_EQ(menu.Image1[static_cast<size_t>(j)]->get(), info.hbmpUnchecked) << j;
+      EXPECT_EQ(menu.Image1[static_cast<size_t>(j)]->get(), info.hbmpChecked) << j;
+    }
+  }
+}
+
+TEST_F(Tray, EverySectionItemOfBothMenusShowsTheWindowAndEntersItsSection) {
+  struct Item {
+    int language;
+    const char* name;
+    uint8_t section;
+  };
+  // Neighbours differ, as an entry into the section showing returns early.
+  const Item items[] = {{1, "uninst1", 1}, {2, "curata", 8}, {1, "task1", 2},  {2, "split", 3},
+                        {1, "format1", 5}, {2, "dirinfo", 4}, {1, "wipe1", 6}, {2, "startuppp", 9},
+                        {2, "uninst", 1},  {1, "junk", 8},    {2, "mem", 2},   {1, "split1", 3},
+                        {2, "killa", 5},   {1, "dir1", 4},    {2, "wipe", 6},  {1, "STP", 9}};
+  Meniu& menu = m->meniu();
+  for (const Item& item : items) {
+    to_tray(*m);
+    language_flag = static_cast<uint8_t>(item.language);
+    const Menu& sub = item.language == 2 ? menu.fili : menu.fili2;
+    ASSERT_TRUE(sub.find(item.name)) << item.name;
+    boxes.choose_item(static_cast<int>(sub.find(item.name)->id));
+    tray_message(*m, WM_RBUTTONDOWN);
+    EXPECT_EQ(item.section, ActiveSection) << item.name;
+    EXPECT_TRUE(IsWindowVisible(m->hwnd())) << item.name;
+    EXPECT_FALSE(icon_stands(m->Picture4.hwnd())) << item.name;
+  }
+}
+
+TEST_F(Tray, OptionsFromTheRomanianMenuLeavesTheIconAndFromTheEnglishTakesIt) {
+  language_flag = 2;
+  to_tray(*m);
+  m->meniu().opt_Click();
+  EXPECT_TRUE(IsWindowVisible(m->hwnd()));
+  EXPECT_TRUE(m->options.optiuni.Visible());
+  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
+  // A left click on the icon of a window already there takes the icon.
+  tray_message(*m, WM_LBUTTONDOWN);
+  EXPECT_TRUE(IsWindowVisible(m->hwnd()));
+  EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
+
+  m->uninstall_Click();
+  to_tray(*m);
+  m->meniu().opt2_Click();
+  EXPECT_TRUE(IsWindowVisible(m->hwnd()));
+  EXPECT_TRUE(m->options.optiuni.Visible());
+  EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
+}
+
+TEST_F(Tray, HarrowAllFromTheTrayCleansWhatSection8WouldAndStaysInTheTray) {
+  to_tray(*m);
+  const std::string junk = temp_path() + "wh tray junk.tmp";
+  write_file(junk, "junk");
+  const char* const mru = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU";
+  HKEY k = nullptr;
+  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(HKEY_CURRENT_USER, mru, &k));
+  RegSetValueExA(k, "a", 0, REG_SZ, reinterpret_cast<const BYTE*>("notepad\\1"), 10);
+  RegCloseKey(k);
+
+  Meniu& menu = m->meniu();
+  bool busy = false, main_icon = true;
+  Witness during([&] {
+    busy = icon_stands(menu.Picture1.hwnd());
+    main_icon = icon_stands(m->Picture4.hwnd());
+  });
+  during.post();
+  menu.harrowalljunk_Click();
+  ASSERT_TRUE(during.looked());
+  EXPECT_TRUE(busy);
+  EXPECT_FALSE(main_icon);
+
+  EXPECT_EQ(8, ActiveSection);
+  EXPECT_FALSE(IsWindowVisible(m->hwnd()));
+  EXPECT_FALSE(path_exists(junk));
+  EXPECT_NE(ERROR_SUCCESS, RegOpenKeyExA(HKEY_CURRENT_USER, mru, 0, KEY_READ, &k));
+  EXPECT_FALSE(icon_stands(menu.Picture1.hwnd()));
+  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
+
+  // The next restore shows the cleaned section.
+  tray_message(*m, WM_LBUTTONDOWN);
+  EXPECT_TRUE(IsWindowVisible(m->hwnd()));
+  EXPECT_TRUE(m->junk_page.junk_form.Visible());
+}
+
+TEST_F(Tray, FreeingRamFromTheTrayShowsTheBusyIconWhileItRuns) {
+  set_physical_memory_seam(4.0 * 1048576);  // 4 blocks: the real size is the host's
+  to_tray(*m);
+  bool busy = false, main_icon = true;
+  Witness during([&] {
+    busy = icon_stands(m->ram.Picture6.hwnd());
+    main_icon = icon_stands(m->Picture4.hwnd());
+  });
+  during.post();
+  m->meniu().freeram_Click();
+  set_physical_memory_seam(0);
+  ASSERT_TRUE(during.looked());
+  EXPECT_TRUE(busy);
+  EXPECT_FALSE(main_icon);
+  EXPECT_EQ(1, m->ram.runs());
+  EXPECT_FALSE(icon_stands(m->ram.Picture6.hwnd()));
+  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
+  EXPECT_FALSE(IsWindowVisible(m->hwnd()));
+}
+
+// Closing all programs goes through section 2's Harrow All, which is not
+// run here: this form records that it was reached.
+class Closer : public Mainu {
+public:
+  void delall_tasks() override {
+    strip_shown = choose_loaded() && choose().Picture1.Visible() && choose().Label2.Visible() &&
+                  IsWindowVisible(choose().hwnd());
+    hidden = !IsWindowVisible(hwnd());
+    ++closes;
+  }
+  int closes = 0;
+  bool strip_shown = false, hidden = false;
+};
+
+class CloseAll : public StoreTest {
+protected:
+  void SetUp() override {
+    StoreTest::SetUp();
+    save_setting("runed", "3");
+    save_setting("readed 0.95", "1");
+    form = std::make_unique<Closer>();
+    raise_event([&] { form->ordinary_start(); });
+    language_flag = 1;
+    to_tray(*form);
+  }
+  void TearDown() override {
+    tray_remove();
+    form.reset();
+    StoreTest::TearDown();
+  }
+  std::unique_ptr<Closer> form;
+};
+
+TEST_F(CloseAll, TheWaitStripShowsWhileSection2ClosesEverythingAndTheWindowStaysHidden) {
+  form->meniu().closeall_Click();
+  EXPECT_EQ(1, form->closes);
+  EXPECT_TRUE(form->strip_shown);
+  EXPECT_TRUE(form->hidden);
+  EXPECT_EQ(2, ActiveSection);
+  EXPECT_FALSE(choose_loaded());
+  EXPECT_FALSE(IsWindowVisible(form->hwnd()));
+  EXPECT_TRUE(icon_stands(form->Picture4.hwnd()));
+}
+
+TEST_F(CloseAll, WithHarrowAllClosingTooTheProgramEndsAndTakesItsIcon) {
+  save_setting("harrowall", "true");
+  {
+    EndHook ended;
+    EXPECT_THROW(form->meniu().closeall_Click(), ProgramEnded);
+    EXPECT_TRUE(ended.called());
+  }
+  EXPECT_EQ(1, form->closes);
+  EXPECT_FALSE(icon_stands(form->Picture4.hwnd()));
+  if (choose_loaded()) choose_unload();
+}
+
+}  // namespace
