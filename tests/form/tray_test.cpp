@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "cleaning/junk_support.h"
 #include "support/form_test.h"
 #include "support/scratch.h"
 #include "core/choose.h"
@@ -206,41 +207,6 @@ TEST_F(Tray, OptionsFromTheRomanianMenuLeavesTheIconAndFromTheEnglishTakesIt) {
   EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
 }
 
-TEST_F(Tray, HarrowAllFromTheTrayCleansWhatSection8WouldAndStaysInTheTray) {
-  to_tray(*m);
-  const std::string junk = temp_path() + "wh tray junk.tmp";
-  write_file(junk, "junk");
-  const char* const mru = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU";
-  HKEY k = nullptr;
-  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(HKEY_CURRENT_USER, mru, &k));
-  RegSetValueExA(k, "a", 0, REG_SZ, reinterpret_cast<const BYTE*>("notepad\\1"), 10);
-  RegCloseKey(k);
-
-  Meniu& menu = m->meniu();
-  bool busy = false, main_icon = true;
-  Witness during([&] {
-    busy = icon_stands(menu.Picture1.hwnd());
-    main_icon = icon_stands(m->Picture4.hwnd());
-  });
-  during.post();
-  menu.harrowalljunk_Click();
-  ASSERT_TRUE(during.looked());
-  EXPECT_TRUE(busy);
-  EXPECT_FALSE(main_icon);
-
-  EXPECT_EQ(8, ActiveSection);
-  EXPECT_FALSE(IsWindowVisible(m->hwnd()));
-  EXPECT_FALSE(path_exists(junk));
-  EXPECT_NE(ERROR_SUCCESS, RegOpenKeyExA(HKEY_CURRENT_USER, mru, 0, KEY_READ, &k));
-  EXPECT_FALSE(icon_stands(menu.Picture1.hwnd()));
-  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
-
-  // The next restore shows the cleaned section.
-  tray_message(*m, WM_LBUTTONDOWN);
-  EXPECT_TRUE(IsWindowVisible(m->hwnd()));
-  EXPECT_TRUE(m->junk_page.junk_form.Visible());
-}
-
 TEST_F(Tray, FreeingRamFromTheTrayShowsTheBusyIconWhileItRuns) {
   set_physical_memory_seam(4.0 * 1048576);  // 4 blocks: the real size is the host's
   to_tray(*m);
@@ -261,9 +227,11 @@ TEST_F(Tray, FreeingRamFromTheTrayShowsTheBusyIconWhileItRuns) {
   EXPECT_FALSE(IsWindowVisible(m->hwnd()));
 }
 
-// Closing all programs goes through section 2's Harrow All, which is not
-// run here: this form records that it was reached.
-class Closer : public Mainu {
+// The quick actions of the menu on a form that watches the Harrow All of
+// sections 2 and 8 start. Section 2's is not run: it would end processes
+// that are not the test's. Section 8's runs on its folders moved into a
+// scratch folder, once the entry has found the real ones.
+class Watched : public Mainu {
 public:
   void delall_tasks() override {
     strip_shown = choose_loaded() && choose().Picture1.Visible() && choose().Label2.Visible() &&
@@ -271,30 +239,67 @@ public:
     hidden = !IsWindowVisible(hwnd());
     ++closes;
   }
+  void delall_junk() override {
+    busy_icon = icon_stands(meniu().Picture1.hwnd());
+    main_icon = icon_stands(Picture4.hwnd());
+    world = std::make_unique<wh::test::JunkWorld>();
+    junk = world->dir.file("temp\\old.tmp", "junk");
+    Mainu::delall_junk();
+  }
   int closes = 0;
   bool strip_shown = false, hidden = false;
+  bool busy_icon = false, main_icon = true;
+  std::unique_ptr<wh::test::JunkWorld> world;
+  std::string junk;
 };
 
-class CloseAll : public StoreTest {
+class QuickActions : public StoreTest {
 protected:
   void SetUp() override {
     StoreTest::SetUp();
     save_setting("runed", "3");
     save_setting("readed 0.95", "1");
-    form = std::make_unique<Closer>();
+    form = std::make_unique<Watched>();
     raise_event([&] { form->ordinary_start(); });
     language_flag = 1;
     to_tray(*form);
   }
   void TearDown() override {
     tray_remove();
+    tray_remove_menu();
     form.reset();
     StoreTest::TearDown();
   }
-  std::unique_ptr<Closer> form;
+  std::unique_ptr<Watched> form;
 };
 
-TEST_F(CloseAll, TheWaitStripShowsWhileSection2ClosesEverythingAndTheWindowStaysHidden) {
+TEST_F(QuickActions, HarrowAllCleansWhatSection8WouldUnderTheBusyIconAndStaysInTheTray) {
+  const char* const mru = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU";
+  HKEY k = nullptr;
+  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(HKEY_CURRENT_USER, mru, &k));
+  RegSetValueExA(k, "a", 0, REG_SZ, reinterpret_cast<const BYTE*>("notepad\\1"), 10);
+  RegCloseKey(k);
+
+  Meniu& menu = form->meniu();
+  menu.harrowalljunk_Click();
+  ASSERT_TRUE(form->world);
+  EXPECT_TRUE(form->busy_icon);
+  EXPECT_FALSE(form->main_icon);
+  EXPECT_FALSE(path_exists(form->junk));
+  EXPECT_NE(ERROR_SUCCESS, RegOpenKeyExA(HKEY_CURRENT_USER, mru, 0, KEY_READ, &k));
+  for (int i = 1; i <= 18; ++i) EXPECT_EQ(0, form->junk_page.check[i]->Value()) << i;
+
+  EXPECT_EQ(8, ActiveSection);
+  EXPECT_FALSE(IsWindowVisible(form->hwnd()));
+  EXPECT_FALSE(icon_stands(menu.Picture1.hwnd()));
+  EXPECT_TRUE(icon_stands(form->Picture4.hwnd()));
+  // The next restore shows the section harrowed.
+  tray_message(*form, WM_LBUTTONDOWN);
+  EXPECT_TRUE(IsWindowVisible(form->hwnd()));
+  EXPECT_TRUE(form->junk_page.junk_form.Visible());
+}
+
+TEST_F(QuickActions, CloseAllShowsTheWaitStripWhileSection2ClosesAndTheWindowStaysHidden) {
   form->meniu().closeall_Click();
   EXPECT_EQ(1, form->closes);
   EXPECT_TRUE(form->strip_shown);
@@ -305,7 +310,7 @@ TEST_F(CloseAll, TheWaitStripShowsWhileSection2ClosesEverythingAndTheWindowStays
   EXPECT_TRUE(icon_stands(form->Picture4.hwnd()));
 }
 
-TEST_F(CloseAll, WithHarrowAllClosingTooTheProgramEndsAndTakesItsIcon) {
+TEST_F(QuickActions, CloseAllWithHarrowAllClosingTooEndsTheProgramAndTakesTheIcon) {
   save_setting("harrowall", "true");
   {
     EndHook ended;
