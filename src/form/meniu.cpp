@@ -66,7 +66,8 @@ void Meniu::Form_Load() {
   for (int m = 0; m < 2; ++m) {
     HMENU sub = ::GetSubMenu(bar, m);
     for (int j = 0; j <= 16; ++j) {
-      HBITMAP pic = Image1[static_cast<size_t>(j)] ? Image1[static_cast<size_t>(j)]->get() : nullptr;
+      const Picture& image = Image1[static_cast<size_t>(j)];
+      HBITMAP pic = image ? image->get() : nullptr;
       ::SetMenuItemBitmaps(sub, ::GetMenuItemID(sub, j), 4, pic, pic);
     }
   }
@@ -77,38 +78,19 @@ void Meniu::show() {
   form_.Visible(true);
 }
 
-void Meniu::uninst_Click() {
+void Meniu::show_section(void (Mainu::*entry)()) {
   show();
-  form_.uninstall_Click();
+  (form_.*entry)();
 }
-void Meniu::curata_Click() {
-  show();
-  form_.junk_Click();
-}
-void Meniu::mem_Click() {
-  show();
-  form_.task_Click();
-}
-void Meniu::split_Click() {
-  show();
-  form_.splity_Click();
-}
-void Meniu::killa_Click() {
-  show();
-  form_.kila_Click();
-}
-void Meniu::dirinfo_Click() {
-  show();
-  form_.dirinfo_Click();
-}
-void Meniu::wipe_Click() {
-  show();
-  form_.shred_Click();
-}
-void Meniu::STP_Click() {
-  show();
-  form_.RUN_Click();
-}
+
+void Meniu::uninst_Click() { show_section(&Mainu::uninstall_Click); }
+void Meniu::curata_Click() { show_section(&Mainu::junk_Click); }
+void Meniu::mem_Click() { show_section(&Mainu::task_Click); }
+void Meniu::split_Click() { show_section(&Mainu::splity_Click); }
+void Meniu::killa_Click() { show_section(&Mainu::kila_Click); }
+void Meniu::dirinfo_Click() { show_section(&Mainu::dirinfo_Click); }
+void Meniu::wipe_Click() { show_section(&Mainu::shred_Click); }
+void Meniu::STP_Click() { show_section(&Mainu::RUN_Click); }
 
 void Meniu::closeall_Click() {
   // The main window stays hidden: the wait shows on the small strip.

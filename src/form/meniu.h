@@ -43,7 +43,8 @@ public:
 
 private:
   void wire(Menu& menu, const char* name, const char* caption, void (Meniu::*handler)());
-  void show();  // the main window back from the tray, before a section
+  void show();  // the main window back from the tray
+  void show_section(void (Mainu::*entry)());
 
   Mainu& form_;
 };

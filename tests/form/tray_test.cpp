@@ -6,10 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "cleaning/junk_support.h"
@@ -20,14 +18,11 @@
 #include "core/settings.h"
 #include "core/tray.h"
 #include "form/meniu.h"
-#include "monitor/ram_release.h"
-#include "platform/files.h"
 #include "platform/tray.h"
 
 using namespace wh;
 using wh::test::path_exists;
 using wh::test::StoreTest;
-using wh::test::write_file;
 
 namespace {
 
@@ -52,39 +47,6 @@ void click(Control& c, UINT down, UINT up, WPARAM keys) {
 
 void to_tray(Mainu& m) { click(m.Image10, WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON); }
 
-// Runs `look` when the event loop first gets a turn after `post()`: from
-// inside a long action, which pumps events as it works.
-class Witness {
-public:
-  explicit Witness(std::function<void()> look) : look_(std::move(look)) {
-    WNDCLASSA wc{};
-    wc.lpfnWndProc = proc;
-    wc.hInstance = GetModuleHandleA(nullptr);
-    wc.lpszClassName = "WhTrayWitness";
-    RegisterClassA(&wc);
-    hwnd_ = CreateWindowA("WhTrayWitness", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                          wc.hInstance, nullptr);
-    SetWindowLongPtrA(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  }
-  ~Witness() { DestroyWindow(hwnd_); }
-  void post() { PostMessageA(hwnd_, WM_APP, 0, 0); }
-  bool looked() const { return looked_; }
-
-private:
-  static LRESULT CALLBACK proc(HWND w, UINT msg, WPARAM wp, LPARAM lp) {
-    auto* self = reinterpret_cast<Witness*>(GetWindowLongPtrA(w, GWLP_USERDATA));
-    if (msg == WM_APP && self && !self->looked_) {
-      self->looked_ = true;
-      self->look_();
-      return 0;
-    }
-    return DefWindowProcA(w, msg, wp, lp);
-  }
-  std::function<void()> look_;
-  HWND hwnd_ = nullptr;
-  bool looked_ = false;
-};
-
 class Tray : public StoreTest {
 protected:
   void SetUp() override {
@@ -96,8 +58,6 @@ protected:
   }
   void TearDown() override {
     tray_remove();
-    tray_remove_busy();
-    tray_remove_menu();
     StoreTest::TearDown();
   }
   Mainu* m = nullptr;
@@ -199,32 +159,10 @@ TEST_F(Tray, OptionsFromTheRomanianMenuLeavesTheIconAndFromTheEnglishTakesIt) {
   EXPECT_TRUE(IsWindowVisible(m->hwnd()));
   EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
 
-  m->uninstall_Click();
   to_tray(*m);
   m->meniu().opt2_Click();
   EXPECT_TRUE(IsWindowVisible(m->hwnd()));
-  EXPECT_TRUE(m->options.optiuni.Visible());
   EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
-}
-
-TEST_F(Tray, FreeingRamFromTheTrayShowsTheBusyIconWhileItRuns) {
-  set_physical_memory_seam(4.0 * 1048576);  // 4 blocks: the real size is the host's
-  to_tray(*m);
-  bool busy = false, main_icon = true;
-  Witness during([&] {
-    busy = icon_stands(m->ram.Picture6.hwnd());
-    main_icon = icon_stands(m->Picture4.hwnd());
-  });
-  during.post();
-  m->meniu().freeram_Click();
-  set_physical_memory_seam(0);
-  ASSERT_TRUE(during.looked());
-  EXPECT_TRUE(busy);
-  EXPECT_FALSE(main_icon);
-  EXPECT_EQ(1, m->ram.runs());
-  EXPECT_FALSE(icon_stands(m->ram.Picture6.hwnd()));
-  EXPECT_TRUE(icon_stands(m->Picture4.hwnd()));
-  EXPECT_FALSE(IsWindowVisible(m->hwnd()));
 }
 
 // The quick actions of the menu on a form that watches the Harrow All of
