@@ -1,6 +1,6 @@
 #include "form/mainu.h"
 
-#include "core/later.h"
+#include "core/tray.h"
 #include "filetools/shredder.h"
 #include "form/hover.h"
 
@@ -20,6 +20,7 @@ Mainu::Mainu()
       // An empty cover over the small bar: no outline.
       frame1(add<Frame>("frame1", at(skin::strip_panel), "", Frame::Options{.border = false})),
       Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
+      Picture4(add<PictureBox>("Picture4", Place{0, 0, 16, 16})),
       Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
       k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
       uninstall_page(*this, search, Text6),
@@ -92,7 +93,10 @@ Mainu::Mainu()
   MouseMove = [this](int b, int s, int x, int y) { Form_MouseMove(b, s, x, y); };
   MouseUp = [this](int b, int s, int x, int y) { Form_MouseUp(b, s, x, y); };
   Image1.Click = [this] { Image1_Click(); };
-  Image10.MouseUp = [this](int b, int s, int x, int y) { Image10_MouseUp(b, s, x, y); };
+  Image10.MouseDown = [this](int b, int s, int x, int y) { Image10_MouseDown(b, s, x, y); };
+  Picture4.Visible(false);
+  Picture4.MouseMove = [this](int b, int s, int x, int y) { Picture4_MouseMove(b, s, x, y); };
+  set_tray_owner(TrayIcon::main, Picture4.hwnd(), ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1)));
   wire_hover(*this);
   QueryUnload = [](int&, int mode) {
     if (mode == unload_windows) end_program();  // the session ends: no clean-up

@@ -23,6 +23,18 @@ std::string DialogService::browse_folder(const std::string& title, const std::st
   return shell_browse_folder(::GetActiveWindow(), title, start);
 }
 
+int DialogService::popup_menu(HMENU menu, HWND owner) {
+  // The owner in front, or the menu would not close on a click elsewhere;
+  // the posted message lets the menu's loop see that it has ended.
+  POINT at{};
+  ::GetCursorPos(&at);
+  ::SetForegroundWindow(owner);
+  int id = static_cast<int>(::TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y,
+                                             0, owner, nullptr));
+  ::PostMessageA(owner, WM_NULL, 0, 0);
+  return id;
+}
+
 DialogService& dialogs() { return *current; }
 
 int msg_box(const std::string& text, unsigned style, const std::string& title) {
@@ -48,6 +60,11 @@ int ScriptedDialogs::msg_box(const std::string& text, unsigned style, const std:
 std::string ScriptedDialogs::browse_folder(const std::string& title, const std::string&) {
   folder_titles.push_back(title);
   return folder_titles.size() <= folders.size() ? folders[folder_titles.size() - 1] : std::string();
+}
+
+int ScriptedDialogs::popup_menu(HMENU menu, HWND) {
+  menus_.push_back(menu);
+  return next_item_ < items_.size() ? items_[next_item_++] : 0;
 }
 
 }  // namespace wh
