@@ -10,6 +10,7 @@ import tempfile
 from pathlib import Path
 
 import make_skin as skin
+from make_startup_pictures import picture as tile
 
 OUT = skin.BUTTONS
 SKIN_JPG = skin.SKIN / "skin.jpg"
@@ -21,15 +22,6 @@ def on_skin(name, rect, mvg):
         png = Path(tmp) / "p.png"
         subprocess.run([skin.CONVERT, str(SKIN_JPG), "-crop", f"{w}x{h}+{x}+{y}", "+repage",
                         "-draw", mvg, str(png)], check=True)
-        skin.to_bmp(png, OUT / f"{name}.bmp")
-
-
-def tile(name, width, height, mvg, lit=False):
-    with tempfile.TemporaryDirectory() as tmp:
-        png = Path(tmp) / "p.png"
-        subprocess.run([skin.CONVERT, "-size", f"{width}x{height}", f"xc:{skin.WELL}",
-                        "-draw", skin.tile_mvg((0, 0, width, height), lit) + mvg, str(png)],
-                       check=True)
         skin.to_bmp(png, OUT / f"{name}.bmp")
 
 

@@ -24,6 +24,8 @@ using Names = std::vector<std::string>;
 
 namespace {
 
+using wh::test::rows;
+
 std::string sample() { return app_path() + "\\CrashDumps.dll"; }
 
 // The class id a copy registered, read back from its ProgID; empty when the
@@ -102,12 +104,6 @@ std::vector<std::string> panel(const MainForm& form) {
   return rows;
 }
 
-Names rows_of(const ListBox& list) {
-  Names rows;
-  for (int i = 0; i < list.ListCount(); ++i) rows.push_back(list.List(i));
-  return rows;
-}
-
 class PluginScan : public ::testing::Test {
 protected:
   void SetUp() override {
@@ -130,7 +126,7 @@ TEST_F(PluginScan, ARegisteredPluginIsListedWithoutRegisteringAndEachFileOfItsNa
 
   PluginPage page(form, shared);
   EXPECT_TRUE(page.scan_plugins());
-  EXPECT_EQ((Names{"Foo", "Foo"}), rows_of(page.pluginlist));
+  EXPECT_EQ((Names{"Foo", "Foo"}), rows(page.pluginlist));
   EXPECT_EQ(first, registered_server("Foo"));  // still the copy registered before
 }
 
@@ -150,7 +146,7 @@ TEST_F(PluginScan, OnlyTheFirstUnknownFileOfAStartIsRegistered) {
     // registration either.
     page.pluginlist.Clear();
     page.scan_plugins();
-    EXPECT_EQ((Names{listed}), rows_of(page.pluginlist));
+    EXPECT_EQ((Names{listed}), rows(page.pluginlist));
   }
   test::TestForm next_start;
   test::JunkShared next_shared(next_start);

@@ -26,6 +26,8 @@ using wh::test::TestForm;
 
 namespace {
 
+using wh::test::rows;
+
 using Lines = std::vector<std::string>;
 
 // What the cache holds, walked directly.
@@ -73,12 +75,6 @@ private:
   Lines urls_;
 };
 
-Lines lines_of(const ListBox& list, int from = 0) {
-  Lines out;
-  for (int i = from; i < list.ListCount(); ++i) out.push_back(list.List(i));
-  return out;
-}
-
 const Lines kUrls = {"http://www.example.com/page.html", "https://secure.example.net/x?y=1",
                      "Visited: user@http://www.example.com/page.html",
                      "Cookie:user@example.com/"};
@@ -96,7 +92,7 @@ TEST(UrlCache, ListGainsEveryEntryInWalkOrderAfterWhatItHeld) {
   const Lines walked = cache_urls();
   ASSERT_GE(walked.size(), kUrls.size());
   EXPECT_EQ("earlier line", list.List(0));
-  EXPECT_EQ(walked, lines_of(list, 1));
+  EXPECT_EQ(walked, rows(list, 1));
   for (const std::string& url : kUrls)
     EXPECT_NE(walked.end(), std::find(walked.begin(), walked.end(), url)) << url;
   // Doubles are not weeded out: a second walk appends everything again.

@@ -26,16 +26,12 @@ using Lines = std::vector<std::string>;
 
 namespace {
 
+using wh::test::rows;
+
 const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
 const std::string kSid = "S-1-5-21-1644491937-152049171-842925246-1003";
 const std::string kAcMru = kSid + "\\Software\\Microsoft\\Search Assistant\\ACMru";
 const std::string kTyped = "Software\\Microsoft\\Internet Explorer\\TypedURLs";
-
-Lines rows(const ListBox& list) {
-  Lines out;
-  for (int i = 0; i < list.ListCount(); ++i) out.push_back(list.List(i));
-  return out;
-}
 
 // Each piece at the start of its own 60 bytes, so that no scheme word meets
 // a 30-byte mark by chance; the scanners' state starts afresh.

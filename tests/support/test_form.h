@@ -11,6 +11,14 @@
 
 namespace wh::test {
 
+// The rows of a list, from row `from` on.
+template <class List>
+std::vector<std::string> rows(const List& list, int from = 0) {
+  std::vector<std::string> out;
+  for (int i = from; i < list.ListCount(); ++i) out.push_back(list.List(i));
+  return out;
+}
+
 class TestForm : public MainForm {
 public:
   TestForm()

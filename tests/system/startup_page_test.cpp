@@ -30,6 +30,8 @@ using Texts = std::vector<std::string>;
 
 namespace {
 
+using wh::test::rows;
+
 const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 const char* const run_services_key = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServices";
 const char* const services = "SYSTEM\\CurrentControlSet\\Services\\";
@@ -62,12 +64,6 @@ bool has_key(HKEY root, const std::string& key) {
   return k.open(root, key) == ERROR_SUCCESS;
 }
 
-Texts rows(const ListBox& list) {
-  Texts out;
-  for (int i = 0; i < list.ListCount(); ++i) out.push_back(list.List(i));
-  return out;
-}
-
 Texts ours(const ListBox& list) {
   Texts out;
   for (const std::string& r : rows(list))
@@ -87,7 +83,6 @@ void select(ListBox& list, const std::string& text) {
   ASSERT_GE(i, 0) << text;
   list.Selected(i, true);
 }
-
 
 // Waits for something that a started regedit does; regedit is not waited
 // for by the program.

@@ -31,6 +31,8 @@ using Values = std::map<std::string, std::string>;
 
 namespace {
 
+using wh::test::rows;
+
 const std::string uninstall_key = uninstall_key_path;
 const std::string probe = "C:\\wh\\uninst_probe.exe";
 const std::string apps = "C:\\windows\\apps";
@@ -50,12 +52,6 @@ const program_record* record_named(const std::string& name) {
   for (int i = 1; i <= program_count && i <= program_table_size; ++i)
     if (program_table[i].name == name) return &program_table[i];
   return nullptr;
-}
-
-std::vector<std::string> rows(const ListBox& list) {
-  std::vector<std::string> out;
-  for (int i = 0; i < list.ListCount(); ++i) out.push_back(list.List(i));
-  return out;
 }
 
 int row_of(const ListBox& list, const std::string& text) {
