@@ -42,6 +42,11 @@ MainForm::MainForm(const FormOptions& options)
       quicktiptext(add<Label>("quicktiptext", Place{8, 20, 304, 110, &quicktip})),
       OKU(add<Label>("OKU", Place{272, 140, 40, 20, &quicktip}, "OK")),
       Command1(add<Label>("Command1", Place{8, 140, 80, 20, &quicktip}, "show me")),
+      Frame16(add<Frame>("Frame16", Place{8, 20, 304, 110, &quicktip})),
+      sample(add<ImageButton>("sample", Place{16, 30, 32, 32, &Frame16})),
+      // The duplicate finder has a Label47 of its own on the form.
+      Label47(add<Label>("Label47(1)", Place{4, 66, 90, 18, &Frame16})),
+      trace(add<ImageButton>("trace", Place{240, 26, 48, 48, &Frame16})),
       Timer1(add_timer("Timer1", 4000, false)),
       Timer2(add_timer("Timer2", 400, false)),
       Timer3(add_timer("Timer3", 500, true)),
@@ -62,6 +67,8 @@ MainForm::MainForm(const FormOptions& options)
   highlight.Visible(false);
   mark.Visible(false);
   quicktip.Visible(false);
+  Frame16.Visible(false);
+  trace.LoadPicture("TIP_TRACE_JOS");
   OKU.Click = [this] { quicktip.Visible(false); };
   // The pictures as designed; the start and the sections change them.
   for (const SectionButton& b : section_buttons) b.button.LoadPicture(b.plain);
@@ -86,6 +93,22 @@ void MainForm::Clear(const std::string& lit) {
     delall.LoadPicture("DELETEALL_JOS");
   else if (lit == "REF")
     ref.LoadPicture("REFRESH_JOS");
+}
+
+void MainForm::describe(const std::string& key, const std::vector<std::string>& lines) {
+  if (lighton == key) return;
+  Clear(lighton);
+  if (key == "DEL")
+    del.LoadPicture("DELETE_SUS");
+  else if (key == "DELALL")
+    delall.LoadPicture("DELETEALL_SUS");
+  else if (key == "REF")
+    ref.LoadPicture("REFRESH_SUS");
+  lcd.Clear();
+  lcd.Mode(0);
+  lcd.WriteSpeed(0);
+  for (const std::string& line : lines) lcd.WriteText(line);
+  lighton = key;
 }
 
 void MainForm::draw_progress(PictureBox& box, int16_t percent, double scale) {
@@ -119,6 +142,8 @@ void MainForm::action_buttons(bool del_shown, bool delall_shown, bool ref_shown)
 }
 
 void MainForm::quick_tip(const std::string& text, bool demonstration, bool close_button) {
+  Timer5.Enabled(false);  // a demonstration still playing ends here
+  Frame16.Visible(false);
   quicktip.Visible(true);
   Command1.Visible(demonstration);
   OKU.Visible(close_button);

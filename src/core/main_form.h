@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/skin_layout.h"
 #include "display/lcd_display.h"
@@ -67,6 +68,10 @@ public:
   // Hides the highlight and puts the plain picture back on the action button
   // named "DEL", "DELALL" or "REF".
   void Clear(const std::string& lit);
+  // The one pattern of hover help: nothing while `key` is lit already; else
+  // the old one is put out, del/delall/ref take their lit picture, the LCD
+  // shows `lines` at once and `lighton` takes the key.
+  void describe(const std::string& key, const std::vector<std::string>& lines);
   void spProg(int16_t percent);   // picProgress
   void spProg2(int16_t percent);  // the wait panel's bar, Picture13
   void spProg3(int16_t percent);  // the small bar, Picture16
@@ -106,6 +111,11 @@ public:
   Label& quicktiptext;
   Label& OKU;
   Label& Command1;
+  // Command1's demonstration: a sample file glides onto the drop target.
+  Frame& Frame16;
+  ImageButton& sample;
+  Label& Label47;
+  ImageButton& trace;
 
   Timer& Timer1;
   Timer& Timer2;

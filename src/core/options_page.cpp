@@ -14,6 +14,8 @@
 namespace wh {
 
 namespace {
+// The program's version, as the Options page's title shows it.
+constexpr int version_major = 0, version_minor = 95;
 const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 // SetWindowPos flags: no size, no move, no activation, and show.
 constexpr UINT keep_place_and_show = 83;
@@ -54,6 +56,9 @@ OptionsPage::OptionsPage(MainForm& form)
       Frame13(form.add<Frame>("Frame13", Place{360, 16, 200, 76, &optiuni}, "Language")),
       Option10(form.add<OptionButton>("Option10", Place{8, 20, 120, 20, &Frame13}, "english")),
       Option11(form.add<OptionButton>("Option11", Place{8, 46, 120, 20, &Frame13}, "romanian")),
+      Label24(form.add<Label>("Label24", Place{360, 104, 250, 36, &optiuni})),
+      Label23(form.add<Label>("Label23", Place{360, 250, 250, 20, &optiuni})),
+      Label25(form.add<Label>("Label25", Place{360, 274, 250, 20, &optiuni})),
       form_(form) {
   optiuni.Visible(false);
   // Off as designed: each comes on with its box.
@@ -99,6 +104,55 @@ void OptionsPage::enter() {
 }
 
 void OptionsPage::hide_extras() { optiuni.Visible(false); }
+
+void OptionsPage::captions(int language) {
+  const bool en = language == 1;
+  const std::string version = std::to_string(version_major) + "." + std::to_string(version_minor);
+  Check1.Caption(en ? "Auto refresh" : "Reimprospatare automata");
+  Check2.Caption(en ? "Automatically free up RAM" : "Elibereaza automat RAM");
+  Option8.Caption(en ? "every" : "la fiecare");
+  Option9.Caption(en ? "free RAM<" : "RAM liber<");
+  Check3.Caption(en ? "HarrowALL closes Wellharrower too"
+                    : "La HarrowALL inchide inclusiv Wellharrower");
+  Check4.Caption(en ? "Always on top" : "Mereu deasupra");
+  Check5.Caption(en ? "Launch Welharrower at the system start up"
+                    : "Porneste Wellharrower odata cu sistemul");
+  Check6.Caption(en ? "Start in tray" : "Porneste in tray");
+  Check7.Caption(en ? "Add Wellharrower to Explorer context menu"
+                    : "Adauga Wellharrower in meniul contextual");
+  Frame13.Caption(en ? "Language" : "Limba");
+  Option10.Caption(en ? "english" : "engleza");
+  Option11.Caption(en ? "romanian" : "romana");
+  Label24.Caption(en ? "Configure Wellharrower " + version + " options"
+                     : "Setare optiuni Wellharrower " + version);
+  Label23.Caption(en ? "Made by the Wellharrower author" : "Realizat de autorul Wellharrower");
+  Label25.Caption(en ? "The author's web site" : "Site-ul autorului");
+}
+
+void OptionsPage::start_sections(int language, const std::string& mod) {
+  // Only these five differ; the others keep their name, so "StartUp
+  // Manager" stays as it is in Romanian.
+  static const char* const pairs[][2] = {{"JunkHarrower", "Curatare hard disk"},
+                                         {"Uninstall programs", "Dezinstalare programe"},
+                                         {"Duplicate Harrower", "Gasire fisiere duplicat"},
+                                         {"Split Files", "Despicare fisiere"},
+                                         {"Shred Files", "Radere fisiere"}};
+  std::string text = mod;
+  for (const auto& pair : pairs) {
+    if (language == 1 && text == pair[1]) text = pair[0];
+    if (language != 1 && text == pair[0]) text = pair[1];
+  }
+  const char* const english[] = {"Uninstall programs", "JunkHarrower", "TaskManager",
+                                 "Split Files",        "DirInfo",      "Wellformat",
+                                 "Shred Files",        "StartUp Manager", "Duplicate Harrower"};
+  const char* const romanian[] = {"Dezinstalare programe", "Curatare hard disk", "TaskManager",
+                                  "Despicare fisiere",     "DirInfo",            "Wellformat",
+                                  "Radere fisiere",        "StartUp",
+                                  "Gasire fisiere duplicat"};
+  Combo1.Clear();
+  for (const char* name : language == 1 ? english : romanian) Combo1.AddItem(name);
+  Combo1.Text(text);
+}
 
 void OptionsPage::Check1_Click() {
   if (Check1.Value() == 1) {

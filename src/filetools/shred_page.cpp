@@ -96,6 +96,8 @@ void ShredPage::leave_for_options() { form_.plain_section_button(form_.shred); }
 
 void ShredPage::captions(int language) {
   Frame9.Caption(language == 1 ? "Overwrite times" : "Numarul de suprascrieri");
+  // "3 Normal" and "7 Paranoia" read the same in both.
+  Option6.Caption(language == 1 ? "5 Advanced" : "5 Avansat");
 }
 
 ShredProgress ShredPage::progress() {

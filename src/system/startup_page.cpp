@@ -180,21 +180,20 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_te
   Image6_4.Click = [this] { Image6_Click(4); };
   Image8_0.Click = [this] { Image8_Click(0); };
   Image8_1.Click = [this] { Image8_Click(1); };
+  using Lines = std::vector<std::string>;
   Image6_2.MouseMove = [this](int, int, int, int) {
-    hover("LLA1", english() ? std::vector<std::string>{" Restore deleted", "  registry items "}
-                            : std::vector<std::string>{" Restaureaza", "  registru sters"});
+    form_.describe("LLA1", english() ? Lines{" Restore deleted", "  registry items "}
+                                     : Lines{" Restaureaza", "  registru sters"});
   };
   Image6_4.MouseMove = [this](int, int, int, int) {
-    hover("LLB1", english() ? std::vector<std::string>{" Restore deleted", "   services"}
-                            : std::vector<std::string>{" Restaureaza", "  servicii sterse"});
+    form_.describe("LLB1", english() ? Lines{" Restore deleted", "   services"}
+                                     : Lines{" Restaureaza", "  servicii sterse"});
   };
   Image8_0.MouseMove = [this](int, int, int, int) {
-    hover("LLB", english() ? std::vector<std::string>{" Permanently delete"}
-                           : std::vector<std::string>{" Sterge definitiv"});
+    form_.describe("LLB", english() ? Lines{" Permanently delete"} : Lines{" Sterge definitiv"});
   };
   Image8_1.MouseMove = [this](int, int, int, int) {
-    hover("LLA", english() ? std::vector<std::string>{"   Restore item"}
-                           : std::vector<std::string>{"   Restaureaza"});
+    form_.describe("LLA", english() ? Lines{"   Restore item"} : Lines{"   Restaureaza"});
   };
 }
 
@@ -445,25 +444,13 @@ void StartupPage::umb_up_Click() {
   umb_up.LoadPicture(backup_enabled ? "UMBRELLA_OPEN" : "UMBRELLA_CLOSED");
 }
 
-void StartupPage::hover(const std::string& key, const std::vector<std::string>& lines) {
-  if (form_.lighton == key) return;
-  form_.Clear(form_.lighton);
-  form_.lcd.Clear();
-  form_.lcd.Mode(0);
-  form_.lcd.WriteSpeed(0);
-  for (const std::string& line : lines) form_.lcd.WriteText(line);
-  form_.lighton = key;
-}
-
 void StartupPage::umb_up_MouseMove() {
-  if (form_.lighton != "UMBRELLA") {
-    if (english())
-      hover("UMBRELLA", {backup_enabled ? "Disable backup for" : "Enable backup for",
-                         "  registry and", "   services"});
-    else
-      hover("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
-                         " pentru registru si", "  servicii"});
-  }
+  if (english())
+    form_.describe("UMBRELLA", {backup_enabled ? "Disable backup for" : "Enable backup for",
+                                "  registry and", "   services"});
+  else
+    form_.describe("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
+                                " pentru registru si", "  servicii"});
   if (val(setting("Back-upTIP")) != 0) return;
   save_setting("Back-upTIP", "1");
   form_.quick_tip(
