@@ -4,8 +4,6 @@
 #include "cleaning/junk_state.h"
 #include "cleaning/traces.h"
 #include "core/globals.h"
-#include "core/settings.h"
-#include "core/text.h"
 #include "platform/processes.h"
 #include "platform/rt_error.h"
 
@@ -262,18 +260,16 @@ void JunkPage::check_MouseMove(int index, int, int, int, int) {
   tip_page = 0;
   form_.describe(key, category_help[index][language_flag == 1 ? 0 : 1]);
   if (index == 4 || index == 6 || index == 18) form_.timerul.Enabled(true);
-  if (index == 18 && val(setting("Indexdattip")) == 0) {
-    save_setting("Indexdattip", "1");
-    form_.quick_tip(
+  if (index == 18)
+    form_.tip_once(
+        "Indexdattip",
         language_flag == 1
             ? "Shredding the index.dat files requires Explorer restart,which will take about 3 "
               "seconds!\r\nNote:When you press  'Harrow All' the index.dat files will not be "
               "shredded."
             : "Raderea fisierelor index.dat necesita restartarea Explorer-ului ce va dura cam 3 "
               "secunde.\r\nAtentie! Cand apasati butonul 'Curata tot' fisierele index.dat nu "
-              "vor fi rase.",
-        false, true);
-  }
+              "vor fi rase.");
 }
 
 void JunkPage::timerul_Timer() {

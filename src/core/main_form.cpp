@@ -2,6 +2,8 @@
 
 #include "core/paths.h"
 #include "core/routines.h"
+#include "core/settings.h"
+#include "core/text.h"
 
 namespace wh {
 
@@ -148,6 +150,14 @@ void MainForm::quick_tip(const std::string& text, bool demonstration, bool close
   Command1.Visible(demonstration);
   OKU.Visible(close_button);
   quicktiptext.Caption(text);
+}
+
+bool MainForm::tip_once(const std::string& key, const std::string& text, bool demonstration,
+                        bool close_button) {
+  if (val(setting(key)) != 0) return false;
+  save_setting(key, "1");
+  quick_tip(text, demonstration, close_button);
+  return true;
 }
 
 void MainForm::section_tip(int section, const std::string& text, bool demonstration) {

@@ -81,6 +81,10 @@ public:
   void plain_section_button(const ImageButton& button);
   void action_buttons(bool del_shown, bool delall_shown, bool ref_shown);
   void quick_tip(const std::string& text, bool demonstration, bool close_button);
+  // A tip once per install: shown while its key in the store reads 0, which
+  // then becomes "1". True when it was shown.
+  bool tip_once(const std::string& key, const std::string& text, bool demonstration = false,
+                bool close_button = true);
   // The quick tip of a section, once a run and only while the tips are on.
   void section_tip(int section, const std::string& text, bool demonstration);
 

@@ -15,7 +15,14 @@ namespace wh {
 
 namespace {
 // The program's version, as the Options page's title shows it.
-constexpr int version_major = 0, version_minor = 95;
+constexpr int version_major = 1, version_minor = 0;
+// The start sections, as Combo1 offers them.
+const char* const english_sections[] = {
+    "Uninstall programs", "JunkHarrower", "TaskManager",     "Split Files",       "DirInfo",
+    "Wellformat",         "Shred Files",  "StartUp Manager", "Duplicate Harrower"};
+const char* const romanian_sections[] = {
+    "Dezinstalare programe", "Curatare hard disk", "TaskManager", "Despicare fisiere", "DirInfo",
+    "Wellformat", "Radere fisiere", "StartUp", "Gasire fisiere duplicat"};
 const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 // SetWindowPos flags: no size, no move, no activation, and show.
 constexpr UINT keep_place_and_show = 83;
@@ -40,10 +47,10 @@ OptionsPage::OptionsPage(MainForm& form)
       Check2(form.add<CheckBox>("Check2", Place{8, 44, 250, 20, &optiuni},
                                 "Automatically free up RAM")),
       Frame12(form.add<Frame>("Frame12", Place{24, 66, 300, 60, &optiuni})),
-      Option8(form.add<OptionButton>("Option8", Place{8, 14, 70, 18, &Frame12}, "every")),
-      Text4(form.add<TextBox>("Text4", Place{80, 12, 50, 20, &Frame12})),
-      Option9(form.add<OptionButton>("Option9", Place{8, 36, 70, 18, &Frame12}, "free RAM<")),
-      Text3(form.add<TextBox>("Text3", Place{80, 34, 50, 20, &Frame12})),
+      Option8(form.add<OptionButton>("Option8", Place{8, 14, 78, 18, &Frame12}, "every")),
+      Text4(form.add<TextBox>("Text4", Place{88, 12, 50, 20, &Frame12})),
+      Option9(form.add<OptionButton>("Option9", Place{8, 36, 78, 18, &Frame12}, "free RAM<")),
+      Text3(form.add<TextBox>("Text3", Place{88, 34, 50, 20, &Frame12})),
       Check3(form.add<CheckBox>("Check3", Place{8, 134, 320, 20, &optiuni},
                                 "HarrowALL closes Wellharrower too")),
       Check4(form.add<CheckBox>("Check4", Place{8, 158, 320, 20, &optiuni}, "Always on top")),
@@ -93,14 +100,10 @@ void OptionsPage::enter() {
   Combo1.Text(setting("mod"));
   // "Disk Space Explorer" here, "DirInfo" in the list of changelanguage;
   // it matches no start section.
-  const char* const english[] = {"Uninstall programs", "JunkHarrower",        "TaskManager",
-                                 "Split Files",        "Disk Space Explorer", "Wellformat",
-                                 "Shred Files",        "StartUp Manager",     "Duplicate Harrower"};
-  const char* const romanian[] = {"Dezinstalare programe", "Curatare hard disk", "TaskManager",
-                                  "Despicare fisiere",     "DirInfo",            "Wellformat",
-                                  "Radere fisiere",        "StartUp",
-                                  "Gasire fisiere duplicat"};
-  for (const char* name : language_flag == 1 ? english : romanian) Combo1.AddItem(name);
+  for (int i = 0; i < 9; ++i)
+    Combo1.AddItem(language_flag != 1 ? romanian_sections[i]
+                   : i == 4           ? "Disk Space Explorer"
+                                      : english_sections[i]);
 }
 
 void OptionsPage::hide_extras() { optiuni.Visible(false); }
@@ -108,7 +111,7 @@ void OptionsPage::hide_extras() { optiuni.Visible(false); }
 void OptionsPage::captions(int language) {
   const bool en = language == 1;
   const std::string version = std::to_string(version_major) + "." + std::to_string(version_minor);
-  Check1.Caption(en ? "Auto refresh" : "Reimprospatare automata");
+  Check1.Caption(en ? "Auto refresh" : "Actualizare automata");
   Check2.Caption(en ? "Automatically free up RAM" : "Elibereaza automat RAM");
   Option8.Caption(en ? "every" : "la fiecare");
   Option9.Caption(en ? "free RAM<" : "RAM liber<");
@@ -142,15 +145,9 @@ void OptionsPage::start_sections(int language, const std::string& mod) {
     if (language == 1 && text == pair[1]) text = pair[0];
     if (language != 1 && text == pair[0]) text = pair[1];
   }
-  const char* const english[] = {"Uninstall programs", "JunkHarrower", "TaskManager",
-                                 "Split Files",        "DirInfo",      "Wellformat",
-                                 "Shred Files",        "StartUp Manager", "Duplicate Harrower"};
-  const char* const romanian[] = {"Dezinstalare programe", "Curatare hard disk", "TaskManager",
-                                  "Despicare fisiere",     "DirInfo",            "Wellformat",
-                                  "Radere fisiere",        "StartUp",
-                                  "Gasire fisiere duplicat"};
   Combo1.Clear();
-  for (const char* name : language == 1 ? english : romanian) Combo1.AddItem(name);
+  for (const char* name : language == 1 ? english_sections : romanian_sections)
+    Combo1.AddItem(name);
   Combo1.Text(text);
 }
 

@@ -1,8 +1,6 @@
 #include "form/hover.h"
 
 #include "core/globals.h"
-#include "core/settings.h"
-#include "core/text.h"
 #include "core/main_form.h"
 
 namespace wh {
@@ -105,9 +103,8 @@ Lines delall_lines(bool en, int section) {
 }
 
 void harrow_tip(MainForm& m) {
-  if (val(setting("HARROWtip")) != 0) return;
-  save_setting("HARROWtip", "1");
-  m.quick_tip(
+  m.tip_once(
+      "HARROWtip",
       language_flag == 1
           ? "Presing the DELETE key or DOUBLE CLICKING(only for Uninstaler,TaskManager & "
             "StartUp)an item has the same effect as presing the Harrow button!\r\nIn SplitFiles "
@@ -115,8 +112,7 @@ void harrow_tip(MainForm& m) {
           : "Apasarea tastei DELETE sau DUBLUL CLICK pe un item(numai pentru "
             "Dezinstalare,TaskManager si StartUP) are acelasi efect cu apasarea butonului "
             "HARROW\r\nIn fereastra Despicare Fisiere,combinatia te taste SHIFT+DELETE are ca "
-            "efect stergerea fisierului selectat.",
-      false, true);
+            "efect stergerea fisierului selectat.");
 }
 }  // namespace
 

@@ -25,6 +25,7 @@ void Mainu::Command1_Click() {
   trace.LoadPicture("TIP_TRACE_JOS");
   demo_frame_ = 0;
   Frame16.Visible(true);
+  Frame16.ZOrder(0);  // over the tip's text, which was made first
   Timer5.Enabled(true);
 }
 

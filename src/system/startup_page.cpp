@@ -451,16 +451,14 @@ void StartupPage::umb_up_MouseMove() {
   else
     form_.describe("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
                                 " pentru registru si", "  servicii"});
-  if (val(setting("Back-upTIP")) != 0) return;
-  save_setting("Back-upTIP", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "Back-upTIP",
       english() ? "When the umbrella is open, deleted registry and services items will be backed "
                   "up first , for future restoration.\r\nTo restore an item click the "
                   "coresponding picture on the right!"
                 : "Cand umbrela este deschisa,elementele sterse din registru si servicii vor fi "
                   "mai intai salvate pentru o restaurare ulterioara.\r\nPentru a restaura un "
-                  "element,apasati pe imaginile corespunzatoare categoriei din dreapta ecranului !",
-      false, true);
+                  "element,apasati pe imaginile corespunzatoare categoriei din dreapta ecranului !");
 }
 
 void StartupPage::Image6_Click(int Index) {
@@ -550,17 +548,15 @@ void StartupPage::run_services_MouseMove(int y) {
 }
 
 void StartupPage::search_tip() {
-  if (val(setting("SEARChtip2")) != 0) return;
-  save_setting("SEARChtip2", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "SEARChtip2",
       english() ? "You can easily search/select items in all start-up categories  by pressing "
                   "CTRL+F and typing at least 3 letters from the app's name.If you found it/them "
                   "press ENTER to remove it/them.\r\nPress CTRL+F to hide the search window!"
                 : "Puteti cu usurinta sa cautati/selectati o aplicatie in toate sectiunile "
                   "START-UP apasand CTRL+F si tastand cel putin 3 litere din numele acesteia.Daca "
                   "ati gasit-o apasati ENTER pentru dezinstalare.\r\nPentru a ascunde fereastra "
-                  "de cautare apasati din nou CTRL+F",
-      false, true);
+                  "de cautare apasati din nou CTRL+F");
 }
 
 void StartupPage::search_select(const std::string& text) {

@@ -102,6 +102,8 @@ bool holds_data(const std::string& name) { return name.rfind("ocupied(", 0) == 0
 
 TEST_F(LanguageTest, EveryCaptionChangesWithTheLanguage) {
   Mainu& m = english_form();
+  EXPECT_TRUE(m.options.Option10.Visible());
+  EXPECT_TRUE(m.options.Option11.Visible());
   const auto english = captions(m);
   m.options.Option11.Value(true);
   const auto romanian = captions(m);
@@ -122,8 +124,8 @@ TEST_F(LanguageTest, EveryCaptionChangesWithTheLanguage) {
     EXPECT_FALSE(english.at(name).empty()) << name;
     EXPECT_FALSE(romanian.at(name).empty()) << name;
   }
-  EXPECT_EQ("Setare optiuni Wellharrower 0.95", romanian.at("Label24"));
-  EXPECT_EQ("Configure Wellharrower 0.95 options", english.at("Label24"));
+  EXPECT_EQ("Setare optiuni Wellharrower 1.0", romanian.at("Label24"));
+  EXPECT_EQ("Configure Wellharrower 1.0 options", english.at("Label24"));
   EXPECT_EQ("arata-mi", romanian.at("Command1"));
   EXPECT_EQ(" Total selectat:", romanian.at("l8"));
 }
@@ -238,6 +240,10 @@ TEST_F(LanguageTest, TheDemonstrationGlidesASampleOntoTheTarget) {
   ASSERT_TRUE(m.Command1.Visible());
   m.Command1_Click();
   EXPECT_TRUE(m.Frame16.Visible());
+  RECT r;
+  GetWindowRect(m.Frame16.hwnd(), &r);
+  const HWND under = WindowFromPoint(POINT{(r.left + r.right) / 2, r.top + 4});
+  EXPECT_TRUE(under == m.Frame16.hwnd() || IsChild(m.Frame16.hwnd(), under));
   EXPECT_TRUE(m.Timer5.Enabled());
   EXPECT_EQ(1800u, m.Timer5.Interval());
   EXPECT_EQ("Secret.txt", m.Label47.Caption());
