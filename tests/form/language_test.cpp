@@ -172,6 +172,9 @@ TEST_F(LanguageTest, LongTipsTurnTheirPagesUntilTheMouseMovesOn) {
   EXPECT_TRUE(m.timerul.Enabled());
   m.timerul.Tick();
   EXPECT_EQ("Recomended deletion", panel(m).at(0));
+  // The mouse moving on within the box does not start the pages again.
+  j.check[4]->send(WM_MOUSEMOVE, 0, MAKELPARAM(30, 6));
+  EXPECT_EQ(1, j.tip_page);
   m.timerul.Tick();
   EXPECT_EQ((Lines{"be requested is", " read ahead into", "   the cache"}), panel(m));
   EXPECT_FALSE(m.timerul.Enabled());
