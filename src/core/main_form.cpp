@@ -97,22 +97,6 @@ void MainForm::Clear(const std::string& lit) {
     ref.LoadPicture("REFRESH_JOS");
 }
 
-void MainForm::describe(const std::string& key, const std::vector<std::string>& lines) {
-  if (lighton == key) return;
-  Clear(lighton);
-  if (key == "DEL")
-    del.LoadPicture("DELETE_SUS");
-  else if (key == "DELALL")
-    delall.LoadPicture("DELETEALL_SUS");
-  else if (key == "REF")
-    ref.LoadPicture("REFRESH_SUS");
-  lcd.Clear();
-  lcd.Mode(0);
-  lcd.WriteSpeed(0);
-  for (const std::string& line : lines) lcd.WriteText(line);
-  lighton = key;
-}
-
 void MainForm::draw_progress(PictureBox& box, int16_t percent, double scale) {
   const int width = static_cast<int>(percent * scale + 30);
   box.Cls();
@@ -143,7 +127,25 @@ void MainForm::action_buttons(bool del_shown, bool delall_shown, bool ref_shown)
   ref.Visible(ref_shown);
 }
 
-void MainForm::quick_tip(const std::string& text, bool demonstration, bool close_button) {
+void MainForm::show_help(const std::string& key, const std::vector<std::string>& lines) {
+  if (lighton == key) return;
+  Clear(lighton);
+  if (key == "DEL")
+    del.LoadPicture("DELETE_SUS");
+  else if (key == "DELALL")
+    delall.LoadPicture("DELETEALL_SUS");
+  else if (key == "REF")
+    ref.LoadPicture("REFRESH_SUS");
+  lcd.Clear();
+  lcd.Mode(0);
+  lcd.WriteSpeed(0);
+  for (const std::string& line : lines) lcd.WriteText(line);
+  lighton = key;
+}
+
+void MainForm::quick_tip(const std::string& text, bool demonstration, bool close_button,
+                         const std::string& heading) {
+  quicktip.Caption(heading);
   Timer5.Enabled(false);  // a demonstration still playing ends here
   Frame16.Visible(false);
   quicktip.Visible(true);
@@ -153,10 +155,10 @@ void MainForm::quick_tip(const std::string& text, bool demonstration, bool close
 }
 
 bool MainForm::tip_once(const std::string& key, const std::string& text, bool demonstration,
-                        bool close_button) {
+                        bool close_button, const std::string& heading) {
   if (val(setting(key)) != 0) return false;
   save_setting(key, "1");
-  quick_tip(text, demonstration, close_button);
+  quick_tip(text, demonstration, close_button, heading);
   return true;
 }
 

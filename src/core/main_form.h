@@ -68,10 +68,6 @@ public:
   // Hides the highlight and puts the plain picture back on the action button
   // named "DEL", "DELALL" or "REF".
   void Clear(const std::string& lit);
-  // The one pattern of hover help: nothing while `key` is lit already; else
-  // the old one is put out, del/delall/ref take their lit picture, the LCD
-  // shows `lines` at once and `lighton` takes the key.
-  void describe(const std::string& key, const std::vector<std::string>& lines);
   void spProg(int16_t percent);   // picProgress
   void spProg2(int16_t percent);  // the wait panel's bar, Picture13
   void spProg3(int16_t percent);  // the small bar, Picture16
@@ -79,12 +75,18 @@ public:
   void light_section_button(const ImageButton& lit);
   // Only this section's button plain (leaving for Options).
   void plain_section_button(const ImageButton& button);
+  // A hover text, the shape of every button's: nothing while `key` is lit;
+  // else the old one put out, del/delall/ref given their lit picture, the
+  // panel cleared and written at once, `key` lit.
+  void show_help(const std::string& key, const std::vector<std::string>& lines);
   void action_buttons(bool del_shown, bool delall_shown, bool ref_shown);
-  void quick_tip(const std::string& text, bool demonstration, bool close_button);
+  // The panel's heading is its design caption unless another is given.
+  void quick_tip(const std::string& text, bool demonstration, bool close_button,
+                 const std::string& heading = "    QUICK TIP");
   // A tip once per install: shown while its key in the store reads 0, which
   // then becomes "1". True when it was shown.
   bool tip_once(const std::string& key, const std::string& text, bool demonstration = false,
-                bool close_button = true);
+                bool close_button = true, const std::string& heading = "    QUICK TIP");
   // The quick tip of a section, once a run and only while the tips are on.
   void section_tip(int section, const std::string& text, bool demonstration);
 

@@ -1,7 +1,5 @@
 #include "core/text.h"
 
-#include <windows.h>
-
 #include <cctype>
 #include <cmath>
 #include <cstdio>
@@ -90,12 +88,5 @@ std::string number_text(double n, char decimal) {
 }
 
 double round_even(double x) { return std::nearbyint(x); }
-
-char locale_decimal() {
-  char buf[8] = {};
-  if (GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, buf, sizeof buf) > 0 && buf[0])
-    return buf[0];
-  return '.';
-}
 
 }  // namespace wh

@@ -2,7 +2,7 @@
 // action), delall (do it to everything) and ref (read again). Each tests
 // ActiveSection by its own chain, in its own order.
 #include "core/globals.h"
-#include "core/later.h"
+#include "core/tray.h"
 #include "core/settings.h"
 #include "form/mainu.h"
 #include "platform/rt_error.h"

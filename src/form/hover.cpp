@@ -133,7 +133,7 @@ std::string hover_key(const std::string& control) {
 void hover(MainForm& m, const std::string& control) {
   const std::string key = hover_key(control);
   if (key.empty() || m.lighton == key) return;
-  m.describe(key, hover_lines(control, language_flag, ActiveSection));
+  m.show_help(key, hover_lines(control, language_flag, ActiveSection));
   if (key == "DEL") harrow_tip(m);
 }
 

@@ -15,7 +15,7 @@ std::vector<std::string> hover_lines(const std::string& control, int language, i
 // The hover key of a button, as `lighton` holds it; empty for other controls.
 std::string hover_key(const std::string& control);
 
-// The pattern of MainForm::describe with the control's help; the first
+// The pattern of MainForm::show_help with the control's help; the first
 // time over `del` also brings the Harrow tip.
 void hover(MainForm& form, const std::string& control);
 

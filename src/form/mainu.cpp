@@ -1,6 +1,6 @@
 #include "form/mainu.h"
 
-#include "core/later.h"
+#include "core/tray.h"
 #include "filetools/shredder.h"
 #include "form/hover.h"
 
@@ -17,8 +17,10 @@ Mainu::Mainu()
                 .width = skin::window_width, .height = skin::window_height, .popup = true,
                 .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
       search(add<Frame>("search", at(skin::strip_panel))),
-      frame1(add<Frame>("frame1", at(skin::strip_panel))),
+      // An empty cover over the small bar: no outline.
+      frame1(add<Frame>("frame1", at(skin::strip_panel), "", Frame::Options{.border = false})),
       Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
+      Picture4(add<PictureBox>("Picture4", Place{0, 0, 16, 16})),
       Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
       k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
       uninstall_page(*this, search, Text6),
@@ -32,7 +34,8 @@ Mainu::Mainu()
       startup_page(*this, search, Text6, k1),
       duplicates_page(*this, k1),
       ram(*this),
-      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus) {
+      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus),
+      power(*this) {
   search.Visible(false);
   frame1.Visible(false);
   // They sit on the dark strip under the pages.
@@ -52,6 +55,8 @@ Mainu::Mainu()
   // Over every page: the tip panel and the wait panel.
   mark.ZOrder(0);
   quicktip.ZOrder(0);
+  // The "great software" answer of an uninstall run lands in the minutes box.
+  uninstall_page.mm = [this](const std::string& text) { power.mm.Text(text); };
 
   uninstall.Click = [this] { uninstall_Click(); };
   task.Click = [this] { task_Click(); };
@@ -74,6 +79,12 @@ Mainu::Mainu()
   Timer3.Tick = [this] { Timer3_Timer(); };
   Timer2.Tick = [this] { monitor.Timer2_Timer(); };
   task_page.frogsus.Click = [this] { ram.frogsus_Click(); };
+  // A drag over the bare form, and over the duplicate finder's Option4 (which
+  // never shows in section 3), is section 3's drag.
+  for (DropEvent* over : {&OLEDragOver, &duplicates_page.Option4.OLEDragOver})
+    *over = [this](const std::vector<std::string>& f) { split_page.Form_OLEDragOver(f); };
+  OLEDropMode(true);
+  duplicates_page.Option4.OLEDropMode(true);
 
   // No caption, yet the taskbar can minimise and restore it: that takes a
   // system menu and a minimise box in the style.
@@ -83,7 +94,10 @@ Mainu::Mainu()
   MouseMove = [this](int b, int s, int x, int y) { Form_MouseMove(b, s, x, y); };
   MouseUp = [this](int b, int s, int x, int y) { Form_MouseUp(b, s, x, y); };
   Image1.Click = [this] { Image1_Click(); };
-  Image10.MouseUp = [this](int b, int s, int x, int y) { Image10_MouseUp(b, s, x, y); };
+  Image10.MouseDown = [this](int b, int s, int x, int y) { Image10_MouseDown(b, s, x, y); };
+  Picture4.Visible(false);
+  Picture4.MouseMove = [this](int b, int s, int x, int y) { Picture4_MouseMove(b, s, x, y); };
+  set_tray_owner(TrayIcon::main, Picture4.hwnd(), ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1)));
   wire_hover(*this);
   QueryUnload = [](int&, int mode) {
     if (mode == unload_windows) end_program();  // the session ends: no clean-up
@@ -97,7 +111,8 @@ Mainu::Mainu()
 }
 
 void Mainu::Timer3_Timer() {
-  // The power-off time check plugs in here, before the monitor.
+  power.time_check();
+  disk_page.free_space_tick();
   monitor.run();
 }
 

@@ -4,6 +4,7 @@
 // the three action buttons' chains of tests. Each branch is one line into a
 // page, through a virtual forwarder that tests can override.
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "cleaning/junk_page.h"
@@ -14,7 +15,9 @@
 #include "filetools/floppy_page.h"
 #include "filetools/shred_page.h"
 #include "filetools/split_page.h"
+#include "form/meniu.h"
 #include "monitor/monitor.h"
+#include "monitor/power_panel.h"
 #include "monitor/ram_release.h"
 #include "system/startup_page.h"
 #include "system/task_page.h"
@@ -41,7 +44,12 @@ public:
   void Form_MouseMove(int button, int shift, int x, int y);
   void Form_MouseUp(int button, int shift, int x, int y);
   void Image1_Click();                                        // close
-  void Image10_MouseUp(int button, int shift, int x, int y);  // minimise, or to the tray
+  void Image10_MouseDown(int button, int shift, int x, int y);  // minimise, or to the tray
+  // The tray icon's messages: the real one in X.
+  void Picture4_MouseMove(int button, int shift, int x, int y);
+  // The tray menu's form, made and loaded at the first need.
+  Meniu& meniu();
+  bool meniu_loaded() const { return meniu_ != nullptr; }
 
   // --- sections (sections.cpp): one entry handler each
   void uninstall_Click() override;  // 1
@@ -102,6 +110,7 @@ public:
   void Text6_Change();
   void Text6_KeyPress(int& ascii);
   void Text6_KeyDown(int& key, int shift);
+  PictureBox& Picture4;  // owns the tray icon, hidden
   // Hidden lists that several sections point at their own places.
   DriveListBox& Drive1;
   FileListBox& k1;
@@ -121,14 +130,20 @@ public:
   // Options page's amounts.
   RamRelease ram;
   SystemMonitor monitor;
+  // The power button and the scheduled power-off.
+  PowerPanel power;
 
 private:
   void start_with_paths(const std::string& tail);
   void apply_skin();
+public:
   void Timer3_Timer();
+
+private:
   void show_poweroff_once();
   void enter_start_section();  // by Combo1's text, the stored "mod"
 
+  std::unique_ptr<Meniu> meniu_;
   uint8_t load_count_ = 0;       // calls of load_settings
   uint8_t demo_frame_ = 0;       // the demonstration's frames shown so far
   int drag_x_ = 0, drag_y_ = 0;  // where the surface was pressed

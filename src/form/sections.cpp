@@ -73,6 +73,7 @@ void Mainu::changelanguage(int language) {
   shred_page.captions(language);
   startup_page.captions(language);
   duplicates_page.captions(language);
+  power.captions(language);
   options.captions(language);
   Command1.Caption(language == 1 ? "show me" : "arata-mi");
   mark.Caption(language == 1 ? "Please wait..." : "Va rog asteptati");

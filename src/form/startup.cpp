@@ -8,7 +8,7 @@
 #include "core/choose.h"
 #include "core/cmdline.h"
 #include "core/globals.h"
-#include "core/later.h"
+#include "core/tray.h"
 #include "core/loading.h"
 #include "core/paths.h"
 #include "core/tasks.h"

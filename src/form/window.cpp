@@ -1,7 +1,8 @@
 // The main window itself: dragged by its bare surface, closed and minimised
-// by the buttons drawn on its skin.
+// by the buttons drawn on its skin, sent to the tray and given back by the
+// tray icon.
 #include "core/globals.h"
-#include "core/later.h"
+#include "core/tray.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
 #include "core/text.h"
@@ -17,6 +18,7 @@ void Mainu::Form_MouseDown(int, int, int x, int y) {
 void Mainu::Form_MouseMove(int button, int, int x, int y) {
   // Leaving a button means arriving on the surface: whatever was lit goes out.
   Clear(lighton);
+  power.surface();
   lighton = "MAINU";
   if (button == 1) Move(Left() + x - drag_x_, Top() + y - drag_y_, Width(), Height());
 }
@@ -33,13 +35,44 @@ void Mainu::Image1_Click() {
   end_program();
 }
 
-void Mainu::Image10_MouseUp(int button, int, int, int) {
+void Mainu::Image10_MouseDown(int button, int, int, int) {
   if (button == 1) {
     WindowState(1);
   } else {
     tray_add();
+    WindowState(1);
     Hide();
   }
+}
+
+void Mainu::Picture4_MouseMove(int, int, int x, int) {
+  // The shell's message arrives as X; the event gives it in pixels already.
+  switch (x) {
+    case WM_LBUTTONDOWN:
+      tray_remove();
+      Caption("Wellharrower");
+      WindowState(0);
+      Visible(true);
+      break;
+    case WM_RBUTTONDOWN:
+      if (language_flag != 2)
+        meniu().fili2.PopupMenu();
+      else
+        meniu().fili.PopupMenu();
+      break;
+    case WM_MOUSEMOVE:
+      tray_modify();
+      Caption("");
+      break;
+  }
+}
+
+Meniu& Mainu::meniu() {
+  if (!meniu_) {
+    meniu_ = std::make_unique<Meniu>(*this);
+    meniu_->Form_Load();
+  }
+  return *meniu_;
 }
 
 }  // namespace wh

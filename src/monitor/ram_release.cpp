@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/globals.h"
-#include "core/later.h"
+#include "core/tray.h"
 #include "core/text.h"
 #include "platform/memory.h"
 #include "platform/rt_error.h"
@@ -25,8 +25,13 @@ double physical_memory() {
 }
 
 RamRelease::RamRelease(MainForm& form)
-    : frogup(form.add<PictureBox>("frogup", extra_place(0))), form_(form) {
+    : frogup(form.add<PictureBox>("frogup", extra_place(0))),
+      Picture6(form.add<PictureBox>("Picture6", Place{0, 0, 16, 16})),
+      form_(form) {
+  frogup.LoadPicture("FROG_SUS");
   frogup.Visible(false);
+  Picture6.Visible(false);
+  set_tray_owner(TrayIcon::ram_busy, Picture6.hwnd(), ::LoadIconA(exe_module(), "TRAY_RAM"));
 }
 
 void RamRelease::frogsus_Click() {
@@ -69,10 +74,11 @@ void RamRelease::frogsus_Click() {
 }
 
 void RamRelease::meniu_freeram_Click() {
-  // The busy icon with its own tip comes with the tray; until then the
-  // normal icon goes for the run and comes back.
+  // The busy icon and its tip are the only sign of life while it runs.
   tray_remove();
+  tray_add_busy();
   frogsus_Click();
+  tray_remove_busy();
   tray_add();
 }
 

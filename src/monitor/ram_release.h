@@ -20,7 +20,8 @@ public:
   void frogsus_Click();
   void meniu_freeram_Click();  // from the tray menu
 
-  PictureBox& frogup;  // the lit frog while a release runs
+  PictureBox& frogup;    // the lit frog while a release runs
+  PictureBox& Picture6;  // owns the busy tray icon, hidden
 
   // What the last release did, for those who look.
   int32_t blocks() const { return blocks_; }

@@ -182,18 +182,18 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_te
   Image8_1.Click = [this] { Image8_Click(1); };
   using Lines = std::vector<std::string>;
   Image6_2.MouseMove = [this](int, int, int, int) {
-    form_.describe("LLA1", english() ? Lines{" Restore deleted", "  registry items "}
-                                     : Lines{" Restaureaza", "  registru sters"});
+    form_.show_help("LLA1", english() ? Lines{" Restore deleted", "  registry items "}
+                                      : Lines{" Restaureaza", "  registru sters"});
   };
   Image6_4.MouseMove = [this](int, int, int, int) {
-    form_.describe("LLB1", english() ? Lines{" Restore deleted", "   services"}
-                                     : Lines{" Restaureaza", "  servicii sterse"});
+    form_.show_help("LLB1", english() ? Lines{" Restore deleted", "   services"}
+                                      : Lines{" Restaureaza", "  servicii sterse"});
   };
   Image8_0.MouseMove = [this](int, int, int, int) {
-    form_.describe("LLB", english() ? Lines{" Permanently delete"} : Lines{" Sterge definitiv"});
+    form_.show_help("LLB", english() ? Lines{" Permanently delete"} : Lines{" Sterge definitiv"});
   };
   Image8_1.MouseMove = [this](int, int, int, int) {
-    form_.describe("LLA", english() ? Lines{"   Restore item"} : Lines{"   Restaureaza"});
+    form_.show_help("LLA", english() ? Lines{"   Restore item"} : Lines{"   Restaureaza"});
   };
 }
 
@@ -446,11 +446,11 @@ void StartupPage::umb_up_Click() {
 
 void StartupPage::umb_up_MouseMove() {
   if (english())
-    form_.describe("UMBRELLA", {backup_enabled ? "Disable backup for" : "Enable backup for",
-                                "  registry and", "   services"});
+    form_.show_help("UMBRELLA", {backup_enabled ? "Disable backup for" : "Enable backup for",
+                                 "  registry and", "   services"});
   else
-    form_.describe("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
-                                " pentru registru si", "  servicii"});
+    form_.show_help("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
+                                 " pentru registru si", "  servicii"});
   form_.tip_once(
       "Back-upTIP",
       english() ? "When the umbrella is open, deleted registry and services items will be backed "

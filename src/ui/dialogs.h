@@ -1,6 +1,8 @@
 #pragma once
 // Message boxes go through one service, so that tests can script answers.
 // Answers are the platform's: IDOK 1, IDCANCEL 2, IDYES 6, IDNO 7.
+#include <windows.h>
+
 #include <string>
 #include <vector>
 
@@ -10,6 +12,12 @@ class DialogService {
 public:
   virtual ~DialogService() = default;
   virtual int msg_box(const std::string& text, unsigned style, const std::string& title) = 0;
+  // The folder dialog: the chosen folder, "" when cancelled. The system's
+  // unless a service answers it.
+  virtual std::string browse_folder(const std::string& title, const std::string& start);
+  // A pop-up menu at the pointer, owned by `owner`: the chosen item's id, or
+  // 0 when the menu was closed without a choice.
+  virtual int popup_menu(HMENU menu, HWND owner);
 };
 
 // MessageBoxA, owned by the active window of this thread.
@@ -24,6 +32,9 @@ DialogService& dialogs();
 // Style: MB_* flags; title: the program's title unless given.
 int msg_box(const std::string& text, unsigned style = 0,
             const std::string& title = "Wellharrower");
+
+// The folder dialog of the service in use.
+std::string browse_folder(const std::string& title, const std::string& start = {});
 
 // Puts `service` in place for the life of the scope.
 class DialogScope {
@@ -52,8 +63,17 @@ public:
   ~ScriptedDialogs() override = default;
 
   int msg_box(const std::string& text, unsigned style, const std::string& title) override;
+  // Answers the folder dialogs in order from `folders` ("" is a cancel; a
+  // cancel once they have run out); their titles are kept.
+  std::string browse_folder(const std::string& title, const std::string& start) override;
+  std::vector<std::string> folders;
+  std::vector<std::string> folder_titles;
+  // Records the menu and answers the next scripted item, else no choice.
+  int popup_menu(HMENU menu, HWND owner) override;
+  void choose_item(int id) { items_.push_back(id); }
 
   void answer(int id) { answers_.push_back(id); }
+  const std::vector<HMENU>& menus() const { return menus_; }
   const std::vector<Box>& boxes() const { return boxes_; }
   size_t count() const { return boxes_.size(); }
   const Box& last() const { return boxes_.back(); }
@@ -63,6 +83,9 @@ private:
   size_t next_ = 0;
   int fallback_;
   std::vector<Box> boxes_;
+  std::vector<HMENU> menus_;
+  std::vector<int> items_;
+  size_t next_item_ = 0;
   DialogScope scope_{*this};
 };
 

@@ -13,6 +13,7 @@
 #include "ui/image_button.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
+#include "ui/menu.h"
 #include "ui/option_button.h"
 #include "ui/picture_box.h"
 #include "ui/resources.h"
