@@ -18,6 +18,8 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
     : junk_form(form.add<Frame>("junk_form", page_place())),
       Label14(form.add<Label>("Label14", Place{8, 262, 150, 20, &junk_form})),
       total(form.add<Label>("total", Place{160, 262, 150, 20, &junk_form})),
+      Label28(form.add<Label>("Label28", Place{8, 296, 390, 20, &junk_form})),
+      lupa(form.add<ImageButton>("lupa", Place{392, 16, 18, 18, &junk_form})),
       plugins(form.add<Frame>("plugins", Place{404, 150, 212, 176, &junk_form})),
       Label14_plugins(form.add<Label>("Label14(11)", Place{6, 4, 180, 18, &plugins},
                                       "JunkHarrower Plugins")),
@@ -57,6 +59,12 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
     ocupied[i] = &form.add<Label>("ocupied(" + std::to_string(i) + ")",
                                   Place{316, 17 + (i - 1) * 26, 76, 18, &junk_form}, "0 bytes",
                                   Label::Options{.alignment = right_justify});
+  for (int i = 1; i <= 18; ++i)
+    check[i]->MouseMove = [this, i](int b, int s, int x, int y) { check_MouseMove(i, b, s, x, y); };
+  lupa.LoadPicture("LUPA");
+  lupa.Visible(false);
+  lupa.Click = [this] { lupa_Click(); };
+  form.timerul.Tick = [this] { timerul_Timer(); };
   k1.Hidden = true;
   k1.System = true;
   for (Control* c : std::initializer_list<Control*>{&junk_form, &plugins, &showplugins, &Image22,
@@ -182,6 +190,144 @@ void JunkPage::captions(int language) {
     check[i]->Caption(text);
   }
   Label14.Caption(en ? " Total selected:" : " Total selectat:");
+  Label28.Caption(en ? "Junk HARROWER/Trace HARROWER"
+                     : "Curatare hard disk si urmele folosirii PC-ului");
+}
+
+namespace {
+using Lines = std::vector<std::string>;
+
+// The first page of each category's help, English then Romanian.
+const Lines category_help[19][2] = {
+    {},
+    {{"Here are stored ", "deleted files."}, {"Aici sunt stocate", "fisierele sterse."}},
+    {{"Files like lost ", "data fragments", " back-up,temporary ", "files,etc"},
+     {"Fisiere produse", "de Scandisk,fisiere", "temporare,de backup", "etc"}},
+    {{"Here are stored", "  temporary files", "mostly used at", "installations and",
+      " at other times"},
+     {"Aici sunt stocate", " fisiere temporare", "   utiliate adesea", "la instalari dar",
+      " si alte ori"}},
+    {{"Are files XP uses", " to start programs", "  faster but this ", "folder can fill up",
+      "with unused entries"},
+     {"Fisiere folosite de", "XP pentru a porni", "  programele mai ", "rapid,insa multe",
+      "din acestea pot"}},
+    {{"Store all the sites", "you visited (incld", "images).These files", "often hide spyware ",
+      "and viruses"},
+     {"Stocheaza toate ", "site-urile vizitate", "(+imagini).Acestea", "ascund des spyware ",
+      "si virusi."}},
+    {{"Small text files", "placed in u're PC 2", "keep track of your", "online sessions and",
+      "2 store u're prefs"},
+     {"Mici fisiere text", "plasate pe hard", "pt a urmari ", "sesiunile online si",
+      "pentru a stoca "}},
+    {{"Logs created by", "different programs"},
+     {"Loguri create", "  de diferite ", "        programe "}},
+    {{"Contains components", "downloaded from the", " web and installed", "    as plugins into",
+      "       your browser"},
+     {"   Componente ", "downloadate de pe ", " net si instalate", "  ca plugin-uri",
+      "   in browser"}},
+    {{"This folder holds", "the installers for", " for some programs", "  you downloaded ",
+      "   and installed"},
+     {"  Programe de ", "instalare pentru", " unele aplicatii", "downloadate de pe ",
+      " net si instalate."}},
+    {{"Name of previous", "  opened windows", "their size and ", "position stored",
+      " in the registry "},
+     {"Numele ferestrelor", "deschise anterior", "in Explorer,pozitia", " si marimea lor"}},
+    {{"The programs you", "ran in the start", "  menu run text box"},
+     {" Programele  ", "   rulate in ", " caseta RUN din", "    meniul START"}},
+    {{"Search history that", " stores the names", "of the files you", "searched on the PC"},
+     {"Istoria cautarilor", "efectuate in caseta", " FIND din meniul ", "     Start"}},
+    {{"A memory area used", "to temporarily", "store cut or copied", "information (text,",
+      "graphics, objects)"},
+     {"O zona de momorie", "folosita pentru a", " stoca temporar ", "informatii taiate",
+      "   sau copiate"}},
+    {{"The last files", "you opened in ", "  explorer"},
+     {"Ultimele fisiere", "  deschise in", "    explorer"}},
+    {{"All previous web", "sites u've visited"}, {"Lista cu toate", "site-urile vizitate"}},
+    {{"Most recent sites", "u've visited,search", "history from search", "engines"},
+     {"Cele mai recente", "site-uri vizitate,", "  cautari din ", "motoare de cautare"}},
+    {{"All files opened", "or saved with the ", "open/save dialog", " box are stored in",
+      "  the registry "},
+     {" Toate fisierele", " deschise/salvate", "folosind caseta", "   open/save"}},
+    {{"Are files that will", "continue to store", "a list of websites", " u have visited , ",
+      " cookies received"},
+     {"Fisiere care vor", "   continua sa ", "stocheze o lista cu", "paginile vizitate",
+      " cookieuri primite"}},
+};
+
+void write_lines(kaLCDDisplay& lcd, const Lines& lines) {
+  lcd.Clear();
+  for (const std::string& line : lines) lcd.WriteText(line);
+}
+}  // namespace
+
+void JunkPage::check_MouseMove(int index, int, int, int, int) {
+  if (index < 1 || index > 18) return;
+  const std::string key = "CHECK" + std::to_string(index);
+  if (form_.lighton == key) return;
+  form_.current_check_key = key;
+  lupa.Visible(true);
+  // The stream and open/save lists have no view: the glass stays where it was.
+  if (index != 10 && index != 17) {
+    const CheckBox& box = *check[index];
+    // Left column: between the size and the traces; right: at the row's end.
+    lupa.Move(index <= 9 ? 392 : box.Left() + box.Width() - 18, box.Top() + 2, 18, 18);
+  }
+  form_.timerul.Enabled(false);
+  tip_page = 0;
+  form_.show_help(key, category_help[index][language_flag == 1 ? 0 : 1]);
+  if (index == 4 || index == 6 || index == 18) form_.timerul.Enabled(true);
+  if (index == 18)
+    form_.tip_once(
+        "Indexdattip",
+        language_flag == 1
+            ? "Shredding the index.dat files requires Explorer restart,which will take about 3 "
+              "seconds!\r\nNote:When you press  'Harrow All' the index.dat files will not be "
+              "shredded."
+            : "Raderea fisierelor index.dat necesita restartarea Explorer-ului ce va dura cam 3 "
+              "secunde.\r\nAtentie! Cand apasati butonul 'Curata tot' fisierele index.dat nu "
+              "vor fi rase.");
+}
+
+void JunkPage::timerul_Timer() {
+  const bool en = language_flag == 1;
+  const std::string& key = form_.lighton;
+  if (key == "CHECK4" || key == "CHECK18") {
+    const bool prefetch = key == "CHECK4";
+    if (tip_page == 0) {
+      write_lines(form_.lcd,
+                  prefetch ? (en ? Lines{"Recomended deletion", "once a month!",
+                                         "Prefetching data is", "the process whereby",
+                                         "data expected to"}
+                                 : Lines{"fi fisiere vechi", "care nu mai sunt", "utilizate.  Se ",
+                                         "recomanda stergerea", "  o date pe luna"})
+                           : (en ? Lines{"and files opened", " or downloaded ,",
+                                         "even if you delete", "cookies,history and",
+                                         "browser cache"}
+                                 : Lines{"si fisiere deschise", "sau downloadate",
+                                         "chiar daca stergeti", "cookieurile,istoria",
+                                         "si cache-ul"}));
+      ++tip_page;
+    } else {
+      write_lines(form_.lcd,
+                  prefetch ? (en ? Lines{"be requested is", " read ahead into", "   the cache"}
+                                 : Lines{"Prefetching este un", "proces de citire",
+                                         "a datelor in cache", "inainte ca acestea",
+                                         "sa fie cerute."})
+                           : (en ? Lines{"These files are", "locked! Wellharrower",
+                                         " overwrites them", "and your history",
+                                         "will vanish 4 ever"}
+                                 : Lines{"Aceste fisiere sunt", "blocate!Wellharrower",
+                                         " le va suprascrie", "iar istoria dvs va ",
+                                         "    disparea. "}));
+      tip_page = 0;
+      form_.timerul.Enabled(false);
+    }
+  } else if (key == "CHECK6") {
+    // One more page, written again at every tick while the timer runs.
+    write_lines(form_.lcd, en ? Lines{"(might store your", "passwords and", "   user IDs)"}
+                              : Lines{"preferintele dvs", " parole,etc ", "  pentru anumite ",
+                                      "site-uri vizitate."});
+  }
 }
 
 std::string JunkPage::browser_tag() const {

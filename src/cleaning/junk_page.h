@@ -26,6 +26,8 @@ public:
   Label* ocupied[10] = {};   // sizes of categories 1 to 9
   Label& Label14;            // " Total selected:"
   Label& total;
+  Label& Label28;     // the page's title
+  ImageButton& lupa;  // the trace viewer's magnifier beside a category
   Frame& plugins;  // the plug-in panel
   Label& Label14_plugins;  // its title, an element of the Label14 array
   PictureBox& Picture14;   // hides the panel
@@ -62,6 +64,13 @@ public:
   void leave_for_options();
   // Looks for the browsers first: their names go in four captions.
   void captions(int language);
+
+  // The hover help of a category: its first page on the LCD, the magnifier
+  // beside its row, `timerul` on for the long tips (4, 6 and 18).
+  void check_MouseMove(int index, int button, int shift, int x, int y);
+  // The next page of a long tip, by `lighton`.
+  void timerul_Timer();
+  uint8_t tip_page = 0;  // the page counter of the long tips
 
   void famare();  // the trace panel over the whole working area
   void famic();   // the trace panel beside the categories

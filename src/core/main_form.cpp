@@ -2,6 +2,8 @@
 
 #include "core/paths.h"
 #include "core/routines.h"
+#include "core/settings.h"
+#include "core/text.h"
 
 namespace wh {
 
@@ -42,6 +44,11 @@ MainForm::MainForm(const FormOptions& options)
       quicktiptext(add<Label>("quicktiptext", Place{8, 20, 304, 110, &quicktip})),
       OKU(add<Label>("OKU", Place{272, 140, 40, 20, &quicktip}, "OK")),
       Command1(add<Label>("Command1", Place{8, 140, 80, 20, &quicktip}, "show me")),
+      Frame16(add<Frame>("Frame16", Place{8, 20, 304, 110, &quicktip})),
+      sample(add<ImageButton>("sample", Place{16, 30, 32, 32, &Frame16})),
+      // The duplicate finder has a Label47 of its own on the form.
+      Label47(add<Label>("Label47(1)", Place{4, 66, 90, 18, &Frame16})),
+      trace(add<ImageButton>("trace", Place{240, 26, 48, 48, &Frame16})),
       Timer1(add_timer("Timer1", 4000, false)),
       Timer2(add_timer("Timer2", 400, false)),
       Timer3(add_timer("Timer3", 500, true)),
@@ -62,6 +69,8 @@ MainForm::MainForm(const FormOptions& options)
   highlight.Visible(false);
   mark.Visible(false);
   quicktip.Visible(false);
+  Frame16.Visible(false);
+  trace.LoadPicture("TIP_TRACE_JOS");
   OKU.Click = [this] { quicktip.Visible(false); };
   // The pictures as designed; the start and the sections change them.
   for (const SectionButton& b : section_buttons) b.button.LoadPicture(b.plain);
@@ -121,6 +130,12 @@ void MainForm::action_buttons(bool del_shown, bool delall_shown, bool ref_shown)
 void MainForm::show_help(const std::string& key, const std::vector<std::string>& lines) {
   if (lighton == key) return;
   Clear(lighton);
+  if (key == "DEL")
+    del.LoadPicture("DELETE_SUS");
+  else if (key == "DELALL")
+    delall.LoadPicture("DELETEALL_SUS");
+  else if (key == "REF")
+    ref.LoadPicture("REFRESH_SUS");
   lcd.Clear();
   lcd.Mode(0);
   lcd.WriteSpeed(0);
@@ -131,10 +146,20 @@ void MainForm::show_help(const std::string& key, const std::vector<std::string>&
 void MainForm::quick_tip(const std::string& text, bool demonstration, bool close_button,
                          const std::string& heading) {
   quicktip.Caption(heading);
+  Timer5.Enabled(false);  // a demonstration still playing ends here
+  Frame16.Visible(false);
   quicktip.Visible(true);
   Command1.Visible(demonstration);
   OKU.Visible(close_button);
   quicktiptext.Caption(text);
+}
+
+bool MainForm::tip_once(const std::string& key, const std::string& text, bool demonstration,
+                        bool close_button, const std::string& heading) {
+  if (val(setting(key)) != 0) return false;
+  save_setting(key, "1");
+  quick_tip(text, demonstration, close_button, heading);
+  return true;
 }
 
 void MainForm::section_tip(int section, const std::string& text, bool demonstration) {

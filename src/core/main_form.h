@@ -76,12 +76,17 @@ public:
   // Only this section's button plain (leaving for Options).
   void plain_section_button(const ImageButton& button);
   // A hover text, the shape of every button's: nothing while `key` is lit;
-  // else the old one put out, the panel cleared and written, `key` lit.
+  // else the old one put out, del/delall/ref given their lit picture, the
+  // panel cleared and written at once, `key` lit.
   void show_help(const std::string& key, const std::vector<std::string>& lines);
   void action_buttons(bool del_shown, bool delall_shown, bool ref_shown);
   // The panel's heading is its design caption unless another is given.
   void quick_tip(const std::string& text, bool demonstration, bool close_button,
                  const std::string& heading = "    QUICK TIP");
+  // A tip once per install: shown while its key in the store reads 0, which
+  // then becomes "1". True when it was shown.
+  bool tip_once(const std::string& key, const std::string& text, bool demonstration = false,
+                bool close_button = true, const std::string& heading = "    QUICK TIP");
   // The quick tip of a section, once a run and only while the tips are on.
   void section_tip(int section, const std::string& text, bool demonstration);
 
@@ -112,6 +117,11 @@ public:
   Label& quicktiptext;
   Label& OKU;
   Label& Command1;
+  // Command1's demonstration: a sample file glides onto the drop target.
+  Frame& Frame16;
+  ImageButton& sample;
+  Label& Label47;
+  ImageButton& trace;
 
   Timer& Timer1;
   Timer& Timer2;

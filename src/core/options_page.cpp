@@ -14,6 +14,15 @@
 namespace wh {
 
 namespace {
+// The program's version, as the Options page's title shows it.
+constexpr int version_major = 1, version_minor = 0;
+// The start sections, as Combo1 offers them.
+const char* const english_sections[] = {
+    "Uninstall programs", "JunkHarrower", "TaskManager",     "Split Files",       "DirInfo",
+    "Wellformat",         "Shred Files",  "StartUp Manager", "Duplicate Harrower"};
+const char* const romanian_sections[] = {
+    "Dezinstalare programe", "Curatare hard disk", "TaskManager", "Despicare fisiere", "DirInfo",
+    "Wellformat", "Radere fisiere", "StartUp", "Gasire fisiere duplicat"};
 const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 // SetWindowPos flags: no size, no move, no activation, and show.
 constexpr UINT keep_place_and_show = 83;
@@ -38,10 +47,10 @@ OptionsPage::OptionsPage(MainForm& form)
       Check2(form.add<CheckBox>("Check2", Place{8, 44, 250, 20, &optiuni},
                                 "Automatically free up RAM")),
       Frame12(form.add<Frame>("Frame12", Place{24, 66, 300, 60, &optiuni})),
-      Option8(form.add<OptionButton>("Option8", Place{8, 14, 70, 18, &Frame12}, "every")),
-      Text4(form.add<TextBox>("Text4", Place{80, 12, 50, 20, &Frame12})),
-      Option9(form.add<OptionButton>("Option9", Place{8, 36, 70, 18, &Frame12}, "free RAM<")),
-      Text3(form.add<TextBox>("Text3", Place{80, 34, 50, 20, &Frame12})),
+      Option8(form.add<OptionButton>("Option8", Place{8, 14, 78, 18, &Frame12}, "every")),
+      Text4(form.add<TextBox>("Text4", Place{88, 12, 50, 20, &Frame12})),
+      Option9(form.add<OptionButton>("Option9", Place{8, 36, 78, 18, &Frame12}, "free RAM<")),
+      Text3(form.add<TextBox>("Text3", Place{88, 34, 50, 20, &Frame12})),
       Check3(form.add<CheckBox>("Check3", Place{8, 134, 320, 20, &optiuni},
                                 "HarrowALL closes Wellharrower too")),
       Check4(form.add<CheckBox>("Check4", Place{8, 158, 320, 20, &optiuni}, "Always on top")),
@@ -54,6 +63,9 @@ OptionsPage::OptionsPage(MainForm& form)
       Frame13(form.add<Frame>("Frame13", Place{360, 16, 200, 76, &optiuni}, "Language")),
       Option10(form.add<OptionButton>("Option10", Place{8, 20, 120, 20, &Frame13}, "english")),
       Option11(form.add<OptionButton>("Option11", Place{8, 46, 120, 20, &Frame13}, "romanian")),
+      Label24(form.add<Label>("Label24", Place{360, 104, 250, 36, &optiuni})),
+      Label23(form.add<Label>("Label23", Place{360, 250, 250, 20, &optiuni})),
+      Label25(form.add<Label>("Label25", Place{360, 274, 250, 20, &optiuni})),
       form_(form) {
   optiuni.Visible(false);
   // Off as designed: each comes on with its box.
@@ -88,17 +100,56 @@ void OptionsPage::enter() {
   Combo1.Text(setting("mod"));
   // "Disk Space Explorer" here, "DirInfo" in the list of changelanguage;
   // it matches no start section.
-  const char* const english[] = {"Uninstall programs", "JunkHarrower",        "TaskManager",
-                                 "Split Files",        "Disk Space Explorer", "Wellformat",
-                                 "Shred Files",        "StartUp Manager",     "Duplicate Harrower"};
-  const char* const romanian[] = {"Dezinstalare programe", "Curatare hard disk", "TaskManager",
-                                  "Despicare fisiere",     "DirInfo",            "Wellformat",
-                                  "Radere fisiere",        "StartUp",
-                                  "Gasire fisiere duplicat"};
-  for (const char* name : language_flag == 1 ? english : romanian) Combo1.AddItem(name);
+  for (int i = 0; i < 9; ++i)
+    Combo1.AddItem(language_flag != 1 ? romanian_sections[i]
+                   : i == 4           ? "Disk Space Explorer"
+                                      : english_sections[i]);
 }
 
 void OptionsPage::hide_extras() { optiuni.Visible(false); }
+
+void OptionsPage::captions(int language) {
+  const bool en = language == 1;
+  const std::string version = std::to_string(version_major) + "." + std::to_string(version_minor);
+  Check1.Caption(en ? "Auto refresh" : "Actualizare automata");
+  Check2.Caption(en ? "Automatically free up RAM" : "Elibereaza automat RAM");
+  Option8.Caption(en ? "every" : "la fiecare");
+  Option9.Caption(en ? "free RAM<" : "RAM liber<");
+  Check3.Caption(en ? "HarrowALL closes Wellharrower too"
+                    : "La HarrowALL inchide inclusiv Wellharrower");
+  Check4.Caption(en ? "Always on top" : "Mereu deasupra");
+  Check5.Caption(en ? "Launch Welharrower at the system start up"
+                    : "Porneste Wellharrower odata cu sistemul");
+  Check6.Caption(en ? "Start in tray" : "Porneste in tray");
+  Check7.Caption(en ? "Add Wellharrower to Explorer context menu"
+                    : "Adauga Wellharrower in meniul contextual");
+  Frame13.Caption(en ? "Language" : "Limba");
+  Option10.Caption(en ? "english" : "engleza");
+  Option11.Caption(en ? "romanian" : "romana");
+  Label24.Caption(en ? "Configure Wellharrower " + version + " options"
+                     : "Setare optiuni Wellharrower " + version);
+  Label23.Caption(en ? "Made by the Wellharrower author" : "Realizat de autorul Wellharrower");
+  Label25.Caption(en ? "The author's web site" : "Site-ul autorului");
+}
+
+void OptionsPage::start_sections(int language, const std::string& mod) {
+  // Only these five differ; the others keep their name, so "StartUp
+  // Manager" stays as it is in Romanian.
+  static const char* const pairs[][2] = {{"JunkHarrower", "Curatare hard disk"},
+                                         {"Uninstall programs", "Dezinstalare programe"},
+                                         {"Duplicate Harrower", "Gasire fisiere duplicat"},
+                                         {"Split Files", "Despicare fisiere"},
+                                         {"Shred Files", "Radere fisiere"}};
+  std::string text = mod;
+  for (const auto& pair : pairs) {
+    if (language == 1 && text == pair[1]) text = pair[0];
+    if (language != 1 && text == pair[0]) text = pair[1];
+  }
+  Combo1.Clear();
+  for (const char* name : language == 1 ? english_sections : romanian_sections)
+    Combo1.AddItem(name);
+  Combo1.Text(text);
+}
 
 void OptionsPage::Check1_Click() {
   if (Check1.Value() == 1) {

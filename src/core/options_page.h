@@ -28,11 +28,19 @@ public:
   Frame& Frame13;
   OptionButton& Option10;
   OptionButton& Option11;
+  Label& Label24;  // the page's title, with the version
+  Label& Label23;  // the author line
+  Label& Label25;  // the author's web site
 
   // The end of Image11_Click, once the section left has undone its extras:
   // the action buttons go, and Combo1 is filled anew in the language in use.
   void enter();
   void hide_extras();
+  // The page's captions in a language (1 English, else Romanian).
+  void captions(int language);
+  // Combo1 filled anew in a language, showing the section `mod` names,
+  // translated where the two languages name it differently.
+  void start_sections(int language, const std::string& mod);
 
   void Check1_Click();
   void Check2_Click();

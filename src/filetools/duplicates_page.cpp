@@ -252,6 +252,8 @@ void DuplicatesPage::captions(int language) {
   Option3.Caption(en ? "same name" : "aceleasi nume");
   Option4.Caption(en ? "same content" : "acelasi continut");
   Frame18.Caption(en ? "Select file mask" : "Alegeti tipul fisierelor");
+  l8.Caption(en ? " Total selected:" : " Total selectat:");
+  Label47.Caption(en ? "Scanning" : "Scanez");
   draw_button(Image37, en ? "Search" : "Cauta");
 }
 

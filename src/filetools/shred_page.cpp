@@ -26,13 +26,13 @@ std::string folder_throwaway_name() {
 
 ShredPage::ShredPage(MainForm& form)
     : Frame8(form.add<Frame>("Frame8", page_place())),
-      Frame9(form.add<Frame>("Frame9", Place{488, 12, 124, 104, &Frame8}, "Overwrite times")),
+      Frame9(form.add<Frame>("Frame9", Place{448, 12, 164, 104, &Frame8}, "Overwrite times")),
       Option5(form.add<OptionButton>("Option5", Place{10, 22, 106, 20, &Frame9}, "3 Normal")),
       Option6(form.add<OptionButton>("Option6", Place{10, 48, 106, 20, &Frame9}, "5 Advanced")),
       Option7(form.add<OptionButton>("Option7", Place{10, 74, 106, 20, &Frame9}, "7 Paranoia")),
       Drive4(form.add<DriveListBox>("Drive4", Place{10, 16, 226, 22, &Frame8})),
       Dir3(form.add<DirListBox>("Dir3", Place{10, 44, 226, 240, &Frame8})),
-      File3(form.add<FileListBox>("File3", Place{244, 16, 234, 268, &Frame8})),
+      File3(form.add<FileListBox>("File3", Place{244, 16, 196, 268, &Frame8})),
       Label22(form.add<Label>("Label22", Place{10, 292, 600, 30, &Frame8})),
       form_(form) {
   Frame8.Visible(false);
@@ -59,21 +59,20 @@ void ShredPage::enter() {
   Option5.Value(true);  // back to three passes at each entry
   // The drive's first two characters: the list shows "c: [label]".
   Dir3.Path(Drive4.Drive().substr(0, 2));
-  if (val(setting("shredtip")) == 0) {
-    save_setting("shredtip", "1");
-    form_.quick_tip(english()
-                        ? " When you normally delete a file, the file isn't actually deleted. It "
-                          "is only marked so that Windows know that the space occupied by it can "
-                          "be used for storing other files.\r\nShredding is the process of "
-                          "overwriting data from a file ,making the file unrecoverable for Date "
-                          "Recovery software."
-                        : "Cand stergeti un fisier in Windows el nu este cu adevarat sters.Este "
-                          "doar marcat astfel incat Windows-ul sa stie ca zona ocupata de acel "
-                          "fisier este libera pentru scriere.\r\nRaderea este un proces prin care "
-                          "continutul unui fisier este suprascris cu date aleatoare,facand-ul "
-                          "astfel imposibil de recuperat de programele specializate.",
-                    false, false);
-  }
+  // Without its close button.
+  form_.tip_once("shredtip",
+                 english()
+                     ? " When you normally delete a file, the file isn't actually deleted. It is "
+                       "only marked so that Windows know that the space occupied by it can be "
+                       "used for storing other files.\r\nShredding is the process of overwriting "
+                       "data from a file ,making the file unrecoverable for Date Recovery "
+                       "software."
+                     : "Cand stergeti un fisier in Windows el nu este cu adevarat sters.Este doar "
+                       "marcat astfel incat Windows-ul sa stie ca zona ocupata de acel fisier "
+                       "este libera pentru scriere.\r\nRaderea este un proces prin care "
+                       "continutul unui fisier este suprascris cu date aleatoare,facand-ul astfel "
+                       "imposibil de recuperat de programele specializate.",
+                 false, false);
   form_.section_tip(
       6,
       english() ? "YOU CAN EASILY SHRED A FILE OR FOLDER STRAIGHT FROM YOUR DESKTOP BY DROPPING "
@@ -96,6 +95,8 @@ void ShredPage::leave_for_options() { form_.plain_section_button(form_.shred); }
 
 void ShredPage::captions(int language) {
   Frame9.Caption(language == 1 ? "Overwrite times" : "Numarul de suprascrieri");
+  // "3 Normal" and "7 Paranoia" read the same in both.
+  Option6.Caption(language == 1 ? "5 Advanced" : "5 Avansat");
 }
 
 ShredProgress ShredPage::progress() {

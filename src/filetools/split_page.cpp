@@ -324,12 +324,9 @@ void SplitPage::size_KeyPress(int& key) {
 }
 
 void SplitPage::Check9_MouseMove(int, int, int, int) {
-  if (form_.lighton == "AFTERMERGE") return;
-  form_.Clear(form_.lighton);
-  form_.lcd.Clear();
-  form_.lcd.WriteText(english() ? "Delete fragments" : "Sterge bucatile");
-  form_.lcd.WriteText(english() ? "after merging" : "dupa imbinare");
-  form_.lighton = "AFTERMERGE";
+  using Lines = std::vector<std::string>;
+  form_.show_help("AFTERMERGE", english() ? Lines{"Delete fragments", "after merging"}
+                                          : Lines{"Sterge bucatile", "dupa imbinare"});
 }
 
 void SplitPage::Label1_OLEDragDrop(const std::vector<std::string>& files) {

@@ -1,8 +1,6 @@
 #include "form/hover.h"
 
 #include "core/globals.h"
-#include "core/settings.h"
-#include "core/text.h"
 #include "core/main_form.h"
 
 namespace wh {
@@ -41,6 +39,29 @@ const std::vector<Help>& helps() {
       {"ref", "REF", {"Refresh", "list"}, {"Reimprospatare", "lista"}},
       {"PIE", "PIEM", {"Show disk usage", " 4 each application"},
        {"Arata spatiul ocupat", " de fiecare program"}},
+      {"delfolder", "DELFOLDER", {"Delete the folder", " left behind by", "  an uninstaller"},
+       {"Sterge directorul", " ramas in urma", "  dezinstalarii"}},
+      {"frogsus", "FROG", {"Free up RAM"}, {"Elibereaza RAM"}},
+      {"explorer", "EXPLORER", {"Start Explorer"}, {"Porneste Explorer"}},
+      {"Check7", "ALOHA",
+       {"You can unistall", "shredd or split a", "file directly from", "explorer with a",
+        " right  click"},
+       {"Puteti dezinstala,", "rade sau despica un", "fisier direct din", "explorer cu un",
+        " click dreapta"}},
+      {"Label23", "MAIL", {"Send the author", "    an e-mail !"},
+       {"Trimiteti autorului", "   un e-mail !"}},
+      {"Label25", "WEB", {"Visit the author's", "  website!"},
+       {"Vizitati site-ul", "  autorului!"}},
+      // The five mask pictures share a key: one write for the row.
+      {"Image36(0)", "SHAPE", {"   Audio files"}, {"   Fisiere audio"}},
+      {"Image36(1)", "SHAPE", {"   Video files"}, {"   Fisiere video"}},
+      {"Image36(2)", "SHAPE", {"   Documents"}, {"   Documente"}},
+      {"Image36(3)", "SHAPE", {"   Graphic files"}, {"   Fisiere grafice"}},
+      {"Image36(4)", "SHAPE", {"   Other files.."}, {"   Alte fisiere.."}},
+      {"Image37", "STARTSCAN", {"  Start Scan Now"}, {"  Porneste cautarea"}},
+      {"Text7", "+", {"  Add new mask", " (write text and", "   press ENTER)"},
+       {"  Adauga masca noua", " (scrieti textul si", "   apasati ENTER)"}},
+      {"lupa", "LUPA", {"    View"}, {"    Vizualizare"}},
   };
   return table;
 }
@@ -82,9 +103,8 @@ Lines delall_lines(bool en, int section) {
 }
 
 void harrow_tip(MainForm& m) {
-  if (val(setting("HARROWtip")) != 0) return;
-  save_setting("HARROWtip", "1");
-  m.quick_tip(
+  m.tip_once(
+      "HARROWtip",
       language_flag == 1
           ? "Presing the DELETE key or DOUBLE CLICKING(only for Uninstaler,TaskManager & "
             "StartUp)an item has the same effect as presing the Harrow button!\r\nIn SplitFiles "
@@ -92,8 +112,7 @@ void harrow_tip(MainForm& m) {
           : "Apasarea tastei DELETE sau DUBLUL CLICK pe un item(numai pentru "
             "Dezinstalare,TaskManager si StartUP) are acelasi efect cu apasarea butonului "
             "HARROW\r\nIn fereastra Despicare Fisiere,combinatia te taste SHIFT+DELETE are ca "
-            "efect stergerea fisierului selectat.",
-      false, true);
+            "efect stergerea fisierului selectat.");
 }
 }  // namespace
 
@@ -114,19 +133,7 @@ std::string hover_key(const std::string& control) {
 void hover(MainForm& m, const std::string& control) {
   const std::string key = hover_key(control);
   if (key.empty() || m.lighton == key) return;
-  m.Clear(m.lighton);
-  if (key == "DEL")
-    m.del.LoadPicture("DELETE_SUS");
-  else if (key == "DELALL")
-    m.delall.LoadPicture("DELETEALL_SUS");
-  else if (key == "REF")
-    m.ref.LoadPicture("REFRESH_SUS");
-  m.lcd.Clear();
-  m.lcd.Mode(0);
-  m.lcd.WriteSpeed(0);
-  for (const std::string& line : hover_lines(control, language_flag, ActiveSection))
-    m.lcd.WriteText(line);
-  m.lighton = key;
+  m.show_help(key, hover_lines(control, language_flag, ActiveSection));
   if (key == "DEL") harrow_tip(m);
 }
 
@@ -135,7 +142,12 @@ void wire_hover(MainForm& m) {
     Control* c = m.find(h.control);
     if (!c) continue;
     const std::string control = h.control;
-    c->MouseMove = [&m, control](int, int, int, int) { hover(m, control); };
+    // A page's own handler (a tip, a tool tip) runs after the help.
+    MouseEvent own = c->MouseMove;
+    c->MouseMove = [&m, control, own](int b, int s, int x, int y) {
+      hover(m, control);
+      if (own) own(b, s, x, y);
+    };
   }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// The help texts that the skin's buttons write on the LCD panel while the
-// mouse is over them, and the one pattern their mouse-move handlers follow.
+// The help texts that the skin's buttons and the sections' controls write on
+// the LCD panel while the mouse is over them.
 #include <string>
 #include <vector>
 
@@ -15,12 +15,12 @@ std::vector<std::string> hover_lines(const std::string& control, int language, i
 // The hover key of a button, as `lighton` holds it; empty for other controls.
 std::string hover_key(const std::string& control);
 
-// The pattern: nothing when the button is lit already; else the old one is
-// put out, del/delall/ref take their lit picture, the LCD shows the help,
-// and `lighton` takes the key.
+// The pattern of MainForm::show_help with the control's help; the first
+// time over `del` also brings the Harrow tip.
 void hover(MainForm& form, const std::string& control);
 
-// Wires the MouseMove of every skin button to hover().
+// Wires the MouseMove of every control of the table to hover(), before the
+// handler a page gave it.
 void wire_hover(MainForm& form);
 
 }  // namespace wh

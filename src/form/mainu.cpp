@@ -72,6 +72,7 @@ Mainu::Mainu()
   delall.Click = [this] { delall_Click(); };
   ref.Click = [this] { ref_Click(); };
   Command1.Click = [this] { Command1_Click(); };
+  Timer5.Tick = [this] { Timer5_Timer(); };
   Text6.Change = [this] { Text6_Change(); };
   Text6.KeyPress = [this](int& ascii) { Text6_KeyPress(ascii); };
   Text6.KeyDown = [this](int& key, int shift) { Text6_KeyDown(key, shift); };

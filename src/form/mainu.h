@@ -98,6 +98,7 @@ public:
 
   // --- blocks of the form whose content comes with later work (later.cpp)
   void Command1_Click();  // the quick tip's demonstration
+  void Timer5_Timer();    // its next frame
   void monitor_start();   // the system monitor's first run
 
   // Panels that two sections share.
@@ -144,6 +145,7 @@ private:
 
   std::unique_ptr<Meniu> meniu_;
   uint8_t load_count_ = 0;       // calls of load_settings
+  uint8_t demo_frame_ = 0;       // the demonstration's frames shown so far
   int drag_x_ = 0, drag_y_ = 0;  // where the surface was pressed
 };
 

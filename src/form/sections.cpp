@@ -4,6 +4,7 @@
 // handling: a failed SetFocus (the window hidden in the tray) ends the entry
 // there, and the caller decides.
 #include "core/globals.h"
+#include "core/settings.h"
 #include "form/mainu.h"
 
 namespace wh {
@@ -60,16 +61,24 @@ void Mainu::Image11_Click() {
 }
 
 void Mainu::changelanguage(int language) {
+  // Combo1 is about to be rebuilt: the start section is kept by its name.
+  const std::string mod = setting("mod");
+  // First, as it looks for the browsers that four of its captions name.
+  junk_page.captions(language);
   uninstall_page.captions(language);
   task_page.captions(language);
   split_page.captions(language);
   disk_page.captions(language);
   floppy_page.captions(language);
   shred_page.captions(language);
-  junk_page.captions(language);
   startup_page.captions(language);
   duplicates_page.captions(language);
   power.captions(language);
+  options.captions(language);
+  Command1.Caption(language == 1 ? "show me" : "arata-mi");
+  mark.Caption(language == 1 ? "Please wait..." : "Va rog asteptati");
+  options.start_sections(language, mod);
+  save_setting("mod", options.Combo1.Text());
 }
 
 }  // namespace wh

@@ -3,7 +3,6 @@
 #include <cstdio>
 
 #include "core/globals.h"
-#include "core/settings.h"
 #include "core/text.h"
 #include "monitor/select_folder.h"
 
@@ -135,9 +134,8 @@ void PowerPanel::shut_blue_MouseMove(int, int, int, int) {
                                                                    " right clk: later"}
                                         : std::vector<std::string>{"Opreste PC-ul", " click stg: acum",
                                                                    " click dr: mai tarziu"});
-  if (val(setting("BLAStip")) != 0) return;
-  save_setting("BLAStip", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "BLAStip",
       english() ? "If you left click this button,the PC will shutdown in a matter of seconds,so "
                   "please be sure to save all your work!\r\nIf you right click this button you can "
                   "set your PC to automatically shutdown at a specific time or when all downloads "
@@ -213,15 +211,13 @@ void PowerPanel::Image15_Click() {
 }
 
 void PowerPanel::Image15_MouseMove(int, int, int, int) {
-  if (val(setting("AUTOtip")) != 0) return;
-  save_setting("AUTOtip", "1");
-  form_.quick_tip(english() ? "The chosen folders will be monitored for disk space changes.If for "
-                              "90 seconds ther is no change in their size , then surely the "
-                              "downloads are finished and the PC will be turned OFF !"
-                            : "Directoarele selectate vor fi monitorizate.Daca marimea lor nu va "
-                              "suferi nici o modificare timp de 90 de secunde atunci este foarte "
-                              "probabil ca download-ul s-a terminat iar PC-ul va fi oprit!",
-                  false, true);
+  form_.tip_once("AUTOtip",
+                 english() ? "The chosen folders will be monitored for disk space changes.If for "
+                             "90 seconds ther is no change in their size , then surely the "
+                             "downloads are finished and the PC will be turned OFF !"
+                           : "Directoarele selectate vor fi monitorizate.Daca marimea lor nu va "
+                             "suferi nici o modificare timp de 90 de secunde atunci este foarte "
+                             "probabil ca download-ul s-a terminat iar PC-ul va fi oprit!");
 }
 
 void PowerPanel::captions(int language) {

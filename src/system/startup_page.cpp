@@ -180,21 +180,20 @@ StartupPage::StartupPage(MainForm& form, Frame& search_panel, TextBox& search_te
   Image6_4.Click = [this] { Image6_Click(4); };
   Image8_0.Click = [this] { Image8_Click(0); };
   Image8_1.Click = [this] { Image8_Click(1); };
+  using Lines = std::vector<std::string>;
   Image6_2.MouseMove = [this](int, int, int, int) {
-    hover("LLA1", english() ? std::vector<std::string>{" Restore deleted", "  registry items "}
-                            : std::vector<std::string>{" Restaureaza", "  registru sters"});
+    form_.show_help("LLA1", english() ? Lines{" Restore deleted", "  registry items "}
+                                      : Lines{" Restaureaza", "  registru sters"});
   };
   Image6_4.MouseMove = [this](int, int, int, int) {
-    hover("LLB1", english() ? std::vector<std::string>{" Restore deleted", "   services"}
-                            : std::vector<std::string>{" Restaureaza", "  servicii sterse"});
+    form_.show_help("LLB1", english() ? Lines{" Restore deleted", "   services"}
+                                      : Lines{" Restaureaza", "  servicii sterse"});
   };
   Image8_0.MouseMove = [this](int, int, int, int) {
-    hover("LLB", english() ? std::vector<std::string>{" Permanently delete"}
-                           : std::vector<std::string>{" Sterge definitiv"});
+    form_.show_help("LLB", english() ? Lines{" Permanently delete"} : Lines{" Sterge definitiv"});
   };
   Image8_1.MouseMove = [this](int, int, int, int) {
-    hover("LLA", english() ? std::vector<std::string>{"   Restore item"}
-                           : std::vector<std::string>{"   Restaureaza"});
+    form_.show_help("LLA", english() ? Lines{"   Restore item"} : Lines{"   Restaureaza"});
   };
 }
 
@@ -445,35 +444,21 @@ void StartupPage::umb_up_Click() {
   umb_up.LoadPicture(backup_enabled ? "UMBRELLA_OPEN" : "UMBRELLA_CLOSED");
 }
 
-void StartupPage::hover(const std::string& key, const std::vector<std::string>& lines) {
-  if (form_.lighton == key) return;
-  form_.Clear(form_.lighton);
-  form_.lcd.Clear();
-  form_.lcd.Mode(0);
-  form_.lcd.WriteSpeed(0);
-  for (const std::string& line : lines) form_.lcd.WriteText(line);
-  form_.lighton = key;
-}
-
 void StartupPage::umb_up_MouseMove() {
-  if (form_.lighton != "UMBRELLA") {
-    if (english())
-      hover("UMBRELLA", {backup_enabled ? "Disable backup for" : "Enable backup for",
-                         "  registry and", "   services"});
-    else
-      hover("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
-                         " pentru registru si", "  servicii"});
-  }
-  if (val(setting("Back-upTIP")) != 0) return;
-  save_setting("Back-upTIP", "1");
-  form_.quick_tip(
+  if (english())
+    form_.show_help("UMBRELLA", {backup_enabled ? "Disable backup for" : "Enable backup for",
+                                 "  registry and", "   services"});
+  else
+    form_.show_help("UMBRELLA", {backup_enabled ? "Dezactiveaza backup" : "Activeaza backup",
+                                 " pentru registru si", "  servicii"});
+  form_.tip_once(
+      "Back-upTIP",
       english() ? "When the umbrella is open, deleted registry and services items will be backed "
                   "up first , for future restoration.\r\nTo restore an item click the "
                   "coresponding picture on the right!"
                 : "Cand umbrela este deschisa,elementele sterse din registru si servicii vor fi "
                   "mai intai salvate pentru o restaurare ulterioara.\r\nPentru a restaura un "
-                  "element,apasati pe imaginile corespunzatoare categoriei din dreapta ecranului !",
-      false, true);
+                  "element,apasati pe imaginile corespunzatoare categoriei din dreapta ecranului !");
 }
 
 void StartupPage::Image6_Click(int Index) {
@@ -563,17 +548,15 @@ void StartupPage::run_services_MouseMove(int y) {
 }
 
 void StartupPage::search_tip() {
-  if (val(setting("SEARChtip2")) != 0) return;
-  save_setting("SEARChtip2", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "SEARChtip2",
       english() ? "You can easily search/select items in all start-up categories  by pressing "
                   "CTRL+F and typing at least 3 letters from the app's name.If you found it/them "
                   "press ENTER to remove it/them.\r\nPress CTRL+F to hide the search window!"
                 : "Puteti cu usurinta sa cautati/selectati o aplicatie in toate sectiunile "
                   "START-UP apasand CTRL+F si tastand cel putin 3 litere din numele acesteia.Daca "
                   "ati gasit-o apasati ENTER pentru dezinstalare.\r\nPentru a ascunde fereastra "
-                  "de cautare apasati din nou CTRL+F",
-      false, true);
+                  "de cautare apasati din nou CTRL+F");
 }
 
 void StartupPage::search_select(const std::string& text) {

@@ -83,7 +83,6 @@ private:
   void remove_folder_files();
   void remove_ini_items();
   void remove_services();
-  void hover(const std::string& key, const std::vector<std::string>& lines);
   void search_tip();
   MainForm& form_;
 };

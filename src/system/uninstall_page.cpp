@@ -157,16 +157,14 @@ void UninstallPage::List1_Click() {
     PIE.Visible(true);
     QM.Visible(sizes_shown == 0);
   }
-  if (val(setting("SEARChtip")) != 0) return;
-  save_setting("SEARChtip", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "SEARChtip",
       english() ? "You can easily search for an item by pressing CTRL+F and typing at least 3 "
                   "letters from the app's name.If you found it/them press ENTER to uninstall "
                   "it/them.\r\nPress CTRL+F to hide the search window!"
                 : "Puteti cu usurinta sa cautati o aplicatie apasand CTRL+F si tastand cel putin "
                   "3 litere din numele acesteia.Daca ati gasit-o apasati ENTER pentru "
-                  "dezinstalare.\r\nPentru a ascunde fereastra de cautare apasati din nou CTRL+F",
-      false, true);
+                  "dezinstalare.\r\nPentru a ascunde fereastra de cautare apasati din nou CTRL+F");
 }
 
 void UninstallPage::List1_DblClick() {
@@ -194,9 +192,8 @@ void UninstallPage::talpa_Click() {
   const bool on = static_cast<uint16_t>(sequential_uninstall) < 65535;
   sequential_uninstall = on ? static_cast<int16_t>(65535) : 0;
   talpa.LoadPicture(on ? "PICIOR_SUS" : "PICIOR_JOS");
-  if (val(setting("talpatip")) != 0) return;
-  save_setting("talpatip", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "talpatip",
       english()
           ? "When the foot is filled that means the uninstaller programs will be launched on at "
             "a time (after the previus has finished).Note that in this mode if the unistaller "
@@ -205,8 +202,7 @@ void UninstallPage::talpa_Click() {
           : "Cand talpa este colorata atunci programele de dezinstalre vor fi lansate pe rand "
             "(dupa ce precedentul s-a incheiat).In acest mod daca programul de dezinstalare nu "
             "sterge foate fisierele din directorul aplicatiei ce trebuia dezinstalata,"
-            "Wellharrower va va intreba daca doriti sa stergeti acest director!",
-      false, true);
+            "Wellharrower va va intreba daca doriti sa stergeti acest director!");
 }
 
 void UninstallPage::delfolder_Click() {
@@ -228,9 +224,8 @@ void UninstallPage::delfolder_Click() {
 }
 
 void UninstallPage::delfolder_MouseMove(int, int, int, int) {
-  if (val(setting("Xfoldertip")) != 0) return;
-  save_setting("Xfoldertip", "1");
-  form_.quick_tip(
+  form_.tip_once(
+      "Xfoldertip",
       english()
           ? "When unistalling a program the uninstaller may report that not all files were "
             "deleted and  will show you a path.You select and copy this path and press this "
@@ -240,8 +235,7 @@ void UninstallPage::delfolder_MouseMove(int, int, int, int) {
           : "Cand dezinstalati un program,programul de dezinstalare poate raporta ca nu a sters "
             "toate fisierele.In aces caz selectati calea afisata,o copiati si apoi apasati pe "
             "acest buton.\r\n(Cand dezinstalati programe 'pe rand' Wellharrower va verifica "
-            "automat daca au mai ramas fisiere si va cere permisiunea de a le sterge)",
-      false, true);
+            "automat daca au mai ramas fisiere si va cere permisiunea de a le sterge)");
 }
 
 int UninstallPage::ask_great_software() {

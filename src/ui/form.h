@@ -96,6 +96,8 @@ public:
   // Controls by name; null when there is none.
   Control* find(const std::string& name) const;
   Timer* find_timer(const std::string& name) const;
+  // Every control, in the order they were added.
+  const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
 
   template <class C, class... A>
   C& add(const std::string& name, const Place& place, A&&... args) {
