@@ -40,6 +40,7 @@ VIAddVersionKey /LANG=1033 "LegalCopyright" "${PUBLISHER}"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
+!define MUI_COMPONENTSPAGE_NODESC
 ; The language chosen is kept in the product's own entry, which goes with it.
 !define MUI_LANGDLL_REGISTRY_ROOT HKLM
 !define MUI_LANGDLL_REGISTRY_KEY "${UNINST_KEY}"
@@ -68,12 +69,20 @@ LangString AskTraces ${LANG_ENGLISH} "Remove Wellharrower's own settings too?$\r
 LangString AskTraces ${LANG_ROMANIAN} "Stergeti si setarile proprii ale Wellharrower?$\r$\n$\r$\nPornirea odata cu Windows, comenzile din meniul Explorer (Wellharrow, Wellshred) si optiunile salvate."
 
 ; The program's main window is of class "Wellharrower", hidden in the tray
-; too: its exe can be neither replaced nor deleted while it runs.
+; too: its exe can be neither replaced nor deleted while it runs. Started
+; from its own uninstall section, the program ends by itself: it is given
+; five seconds before the question.
 !macro CLOSED_PROGRAM_CHECK un
 Function ${un}WaitForClosedProgram
+  StrCpy $1 0
   retry:
   FindWindow $0 "Wellharrower"
   ${If} $0 <> 0
+    ${If} $1 < 10
+      IntOp $1 $1 + 1
+      Sleep 500
+      Goto retry
+    ${EndIf}
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(CloseFirst)" /SD IDCANCEL IDRETRY retry
     Abort
   ${EndIf}

@@ -49,14 +49,13 @@ no_key() { ! key_exists "$1"; }
 value_of() {
   run_wine reg query "$1" /v "$2" | sed -n "s/^    $2    REG_[A-Z_]*    //p"
 }
-has_value() { [ -n "$(value_of "$1" "$2")" ]; }
 no_value() { ! run_wine reg query "$1" /v "$2" >/dev/null; }
 value_is() { [ "$(value_of "$1" "$2")" = "$3" ] || { echo "    $2 = '$(value_of "$1" "$2")'"; false; }; }
 # The files under a folder, relative, one a line, sorted.
 files_under() { (cd "$1" && find . -type f | sed 's|^\./||' | LC_ALL=C sort); }
-same_files() {
-  diff <(printf '%s\n' "$2" | LC_ALL=C sort) <(files_under "$1") >/dev/null ||
-    { diff <(printf '%s\n' "$2" | LC_ALL=C sort) <(files_under "$1") | sed 's/^/    /'; false; }
+same_files() {  # same_files FOLDER EXPECTED-LINES
+  local d
+  d=$(diff <(printf '%s\n' "$2" | LC_ALL=C sort) <(files_under "$1")) || { sed 's/^/    /' <<<"$d"; false; }
 }
 # The program's settings: a known user (no first-run window, no tips) on
 # English and the uninstall section; $1 "traces" also ticks its start with
@@ -109,6 +108,15 @@ for verb in "$file_verb" "$folder_verb"; do
     run_wine reg add "$verb\\command" /ve /d "$dir\\Wellharrower.exe %1" /f >/dev/null
 done
 expect "the store holds its settings" key_exists "$store_key\\Optiuni"
+# Each plug-in registered, as the program registers one it meets first.
+plugins=$(grep '^JunkHarrower Plugins/' <<<"$packaged")
+while read -r plugin_file; do
+  [ -n "$plugin_file" ] || continue
+  base=$(basename "${plugin_file%.*}")
+  key_exists "HKCR\\$base.Plugin" ||
+    run_wine regsvr32 /s "$dir\\${plugin_file//\//\\}" >/dev/null
+  expect "the class $base.Plugin is registered" key_exists "HKCR\\$base.Plugin"
+done <<<"$plugins"
 printf 'my notes\r\n' >"$host_dir/notes.txt"
 
 echo "uninstall.exe /S"
@@ -126,7 +134,7 @@ while read -r plugin_file; do
   [ -n "$plugin_file" ] || continue
   base=$(basename "${plugin_file%.*}")
   expect "no class $base.Plugin" no_key "HKCR\\$base.Plugin"
-done < <(grep '^JunkHarrower Plugins/' <<<"$packaged")
+done <<<"$plugins"
 rm -f "$host_dir/notes.txt"
 rmdir "$host_dir"
 
