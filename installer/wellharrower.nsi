@@ -117,6 +117,8 @@ Section "!$(SecProgram)" SecMain
   WriteRegStr HKLM "${UNINST_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
   WriteRegStr HKLM "${UNINST_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
   WriteRegStr HKLM "${UNINST_KEY}" "DisplayIcon" "$INSTDIR\Wellharrower.exe,0"
+  ; The page of the files saves it too, but a silent setup shows no page.
+  WriteRegStr HKLM "${UNINST_KEY}" "Language" $LANGUAGE
   WriteRegDWORD HKLM "${UNINST_KEY}" "NoModify" 1
   WriteRegDWORD HKLM "${UNINST_KEY}" "NoRepair" 1
   ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
