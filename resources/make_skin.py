@@ -80,6 +80,9 @@ def extra_rect(i):
 
 MINIMISE = (804, 12, 24, 24)                # Image10
 CLOSE = (838, 12, 24, 24)                   # Image1
+SHUT = (838, 42, 24, 24)                    # shut_blue / shut_red, the power button
+ARMED = (804, 42, 24, 24)                   # Image32, the power-off is armed
+POWER_PANEL = (476, 76, 240, 150)           # Frame17, over the page
 WAIT_PANEL = (220, 190, 380, 92)            # mark, over the page
 TIP_PANEL = (250, 110, 320, 170)            # quicktip, over the page
 LOGO_TAB = (0, 0, 318, 60)
@@ -568,6 +571,11 @@ def layout_header():
         "// The frame's own buttons, drawn in the picture.",
         f"inline constexpr Rect Image10 = {rect(MINIMISE)};  // minimise / tray",
         f"inline constexpr Rect Image1 = {rect(CLOSE)};  // close",
+        "// The power button under them, the armed mark beside it, and the",
+        "// panel of the scheduled power-off over the page.",
+        f"inline constexpr Rect shut = {rect(SHUT)};",
+        f"inline constexpr Rect Image32 = {rect(ARMED)};",
+        f"inline constexpr Rect Frame17 = {rect(POWER_PANEL)};",
         "",
         "// The action buttons.",
     ]

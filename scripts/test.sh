@@ -55,6 +55,8 @@ ln -sfn "$build/floppy" "$WINEPREFIX/dosdevices/a:"
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 mkdir -p "$WINEPREFIX/drive_c/wh"
 cp "$build"/bin/*.exe "$WINEPREFIX/drive_c/wh/"
+# The sample plug-in, which the plug-in tests copy under other names.
+cp "$build"/tools/*.dll "$WINEPREFIX/drive_c/wh/"
 wh_start_server
 cd "$build"
 rc=0

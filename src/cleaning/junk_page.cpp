@@ -18,7 +18,11 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
     : junk_form(form.add<Frame>("junk_form", page_place())),
       Label14(form.add<Label>("Label14", Place{8, 262, 150, 20, &junk_form})),
       total(form.add<Label>("total", Place{160, 262, 150, 20, &junk_form})),
-      pluginlist(form.add<ListBox>("pluginlist", Place{410, 256, 202, 66, &junk_form},
+      plugins(form.add<Frame>("plugins", Place{404, 150, 212, 176, &junk_form})),
+      Label14_plugins(form.add<Label>("Label14(11)", Place{6, 4, 180, 18, &plugins},
+                                      "JunkHarrower Plugins")),
+      Picture14(form.add<PictureBox>("Picture14", Place{190, 4, 16, 16, &plugins})),
+      pluginlist(form.add<ListBox>("pluginlist", Place{6, 26, 200, 144, &plugins},
                                    ListBox::Options{.multi_select = multi_simple})),
       showplugins(form.add<ImageButton>("showplugins", extra_place(2))),
       Image22(form.add<ImageButton>("Image22", Place{0, 0, 16, 16})),
@@ -27,6 +31,13 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
       Picture9(form.add<PictureBox>("Picture9", Place{8, 16, 176, 40, &Frame15})),
       Picture7(form.add<PictureBox>("Picture7", Place{8, 16, 600, 40, &Frame15})),
       junk_files(form.add<ListBox>("junk_files", Place{8, 60, 600, 260, &Frame15})),
+      Label14_10(form.add<Label>("Label14(10)", Place{4, 4, 600, 32, &Picture7})),
+      Label30(form.add<Label>("Label30", Place{4, 4, 24, 24, &Picture9}, "X",
+                              Label::Options{.alignment = center})),
+      Text2(form.add<TextBox>("Text2", Place{8, 62, 600, 260, &Frame15}, "",
+                              TextBox::Options{.multi_line = true, .scroll_bars = true})),
+      Picture8(form.add<PictureBox>("Picture8", Place{8, 62, 600, 260, &Frame15})),
+      Image14(form.add<ImageButton>("Image14", Place{0, 0, 600, 260, &Picture8})),
       frame1(frame1_panel),
       File1(file_list),
       Dir3(dir_list),
@@ -48,9 +59,14 @@ JunkPage::JunkPage(MainForm& form, Frame& frame1_panel, FileListBox& file_list,
                                   Label::Options{.alignment = right_justify});
   k1.Hidden = true;
   k1.System = true;
-  for (Control* c : std::initializer_list<Control*>{&junk_form, &showplugins, &Image22, &Image23,
-                                                    &Frame15})
+  for (Control* c : std::initializer_list<Control*>{&junk_form, &plugins, &showplugins, &Image22,
+                                                    &Image23, &Frame15, &Text2, &Picture8})
     c->Visible(false);
+  Label30.Click = [this] { Label30_Click(); };
+  junk_files.MouseMove = [this](int button, int shift, int x, int y) {
+    junk_files_MouseMove(button, shift, x, y);
+  };
+  wire_plugins();
   junk_form.ZOrder(0);  // over the lists that sit on the form itself
   Frame15.ZOrder(0);
 }
@@ -203,8 +219,5 @@ void JunkPage::famic() {
   Frame15.Visible(true);
 }
 
-void JunkPage::lupa_Click() {}
-void JunkPage::run_plugins() {}
-bool JunkPage::scan_plugins() { return false; }
 
 }  // namespace wh

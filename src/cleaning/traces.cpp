@@ -19,10 +19,6 @@ namespace wh {
 namespace {
 
 const std::string explorer_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
-// One user's identifier, written in as it stands: on every other machine
-// the key is missing and the category does nothing.
-const std::string find_history_key =
-    "S-1-5-21-1644491937-152049171-842925246-1003\\Software\\Microsoft\\Search Assistant\\ACMru";
 
 // An applet's "Recent File List": "File1" read once decides whether all
 // hundred names are tried or only the first.
@@ -35,6 +31,11 @@ void clean_file_list(const std::string& key) {
 }
 
 }  // namespace
+
+// One user's identifier, written in as it stands: on every other machine
+// the key is missing and the category does nothing.
+const std::string find_history_key =
+    "S-1-5-21-1644491937-152049171-842925246-1003\\Software\\Microsoft\\Search Assistant\\ACMru";
 
 void clean_stream_mru() {
   reg_delete_key(HKEY_CURRENT_USER, explorer_key + "StreamMRU");

@@ -2,9 +2,14 @@
 // The cleaners of the usage traces, categories 10 to 17 of section 8: the
 // registry's history lists, the clipboard, the recent documents, the
 // browsers' history.
+#include <string>
+
 namespace wh {
 
 class ListBox;
+
+// Under HKEY_USERS: the search history's key of the NT family.
+extern const std::string find_history_key;
 
 void clean_stream_mru();         // 10
 void clean_run_mru();            // 11

@@ -7,7 +7,4 @@ namespace wh {
 void tray_add() {}
 void tray_remove() {}
 
-bool register_context_menu() { return false; }
-bool unregister_context_menu() { return false; }
-
 }  // namespace wh

@@ -7,9 +7,4 @@ namespace wh {
 void tray_add();  // notification area
 void tray_remove();
 
-// The two Explorer verbs under HKEY_CLASSES_ROOT. True when the file verb is
-// complete (register) or all four keys went (unregister).
-bool register_context_menu();
-bool unregister_context_menu();
-
 }  // namespace wh

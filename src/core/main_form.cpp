@@ -118,7 +118,19 @@ void MainForm::action_buttons(bool del_shown, bool delall_shown, bool ref_shown)
   ref.Visible(ref_shown);
 }
 
-void MainForm::quick_tip(const std::string& text, bool demonstration, bool close_button) {
+void MainForm::show_help(const std::string& key, const std::vector<std::string>& lines) {
+  if (lighton == key) return;
+  Clear(lighton);
+  lcd.Clear();
+  lcd.Mode(0);
+  lcd.WriteSpeed(0);
+  for (const std::string& line : lines) lcd.WriteText(line);
+  lighton = key;
+}
+
+void MainForm::quick_tip(const std::string& text, bool demonstration, bool close_button,
+                         const std::string& heading) {
+  quicktip.Caption(heading);
   quicktip.Visible(true);
   Command1.Visible(demonstration);
   OKU.Visible(close_button);

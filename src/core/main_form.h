@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/skin_layout.h"
 #include "display/lcd_display.h"
@@ -74,8 +75,13 @@ public:
   void light_section_button(const ImageButton& lit);
   // Only this section's button plain (leaving for Options).
   void plain_section_button(const ImageButton& button);
+  // A hover text, the shape of every button's: nothing while `key` is lit;
+  // else the old one put out, the panel cleared and written, `key` lit.
+  void show_help(const std::string& key, const std::vector<std::string>& lines);
   void action_buttons(bool del_shown, bool delall_shown, bool ref_shown);
-  void quick_tip(const std::string& text, bool demonstration, bool close_button);
+  // The panel's heading is its design caption unless another is given.
+  void quick_tip(const std::string& text, bool demonstration, bool close_button,
+                 const std::string& heading = "    QUICK TIP");
   // The quick tip of a section, once a run and only while the tips are on.
   void section_tip(int section, const std::string& text, bool demonstration);
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/globals.h"
-#include "core/later.h"
+#include "core/context_menu.h"
 #include "core/routines.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"

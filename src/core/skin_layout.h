@@ -27,6 +27,11 @@ inline constexpr Rect Image11 = {18, 420, 64, 34};
 // The frame's own buttons, drawn in the picture.
 inline constexpr Rect Image10 = {804, 12, 24, 24};  // minimise / tray
 inline constexpr Rect Image1 = {838, 12, 24, 24};  // close
+// The power button under them, the armed mark beside it, and the
+// panel of the scheduled power-off over the page.
+inline constexpr Rect shut = {838, 42, 24, 24};
+inline constexpr Rect Image32 = {804, 42, 24, 24};
+inline constexpr Rect Frame17 = {476, 76, 240, 150};
 
 // The action buttons.
 inline constexpr Rect del = {736, 144, 132, 34};

@@ -117,6 +117,12 @@ void DiskPage::drive_labels(const std::string& root) {
   freelabel.Caption(spatiuu(free_) + (english() ? " free  " : " liber  "));
 }
 
+void DiskPage::free_space_tick() {
+  if (ActiveSection != 4) return;
+  const std::string folder = back.Caption();
+  if (folder.size() >= 2 && folder[1] == ':') drive_labels(folder.substr(0, 2) + "\\");
+}
+
 void DiskPage::afisdirs(const std::string& given, bool select_saved) {
   do_events();
   form_.lcd.Clear();

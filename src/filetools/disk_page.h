@@ -40,6 +40,9 @@ public:
   void Drive3_Change();
   void afisdirs(const std::string& path, bool select_saved);
   bool driveexists(const std::string& path, int count) const;
+  // Timer3's refresh of the drive's used and free space while the section
+  // shows: files come and go on a drive while one looks at it.
+  void free_space_tick();
 
   void list_Click();
   void listfile_Click();

@@ -103,6 +103,13 @@ SplitPage::SplitPage(MainForm& form)
   Label4.OLEDragDrop = [this](const std::vector<std::string>& f) { Label4_OLEDragDrop(f); };
   calefisier.OLEDragDrop = [this](const std::vector<std::string>& f) { calefisier_OLEDragDrop(f); };
   form_.splity.OLEDragDrop = [this](const std::vector<std::string>& f) { splity_OLEDragDrop(f); };
+  // A drag over the rest of the page shows the drop hint.
+  for (Control* c : std::initializer_list<Control*>{&dir1, &dirdest, &Drive2, &File1, &Frame2,
+                                                    &Frame3, &Frame4, &Label3, &Option2, &size,
+                                                    &splitbox}) {
+    c->OLEDropMode(true);
+    c->OLEDragOver = [this](const std::vector<std::string>& f) { Form_OLEDragOver(f); };
+  }
   captions(1);
 }
 

@@ -17,7 +17,8 @@ Mainu::Mainu()
                 .width = skin::window_width, .height = skin::window_height, .popup = true,
                 .icon = ::LoadIconA(exe_module(), MAKEINTRESOURCEA(1))}),
       search(add<Frame>("search", at(skin::strip_panel))),
-      frame1(add<Frame>("frame1", at(skin::strip_panel))),
+      // An empty cover over the small bar: no outline.
+      frame1(add<Frame>("frame1", at(skin::strip_panel), "", Frame::Options{.border = false})),
       Text6(add<TextBox>("Text6", Place{8, 12, 234, 22, &search})),
       Drive1(add<DriveListBox>("Drive1", Place{0, 0, 120, 200})),
       k1(add<FileListBox>("k1", Place{0, 0, 120, 100})),
@@ -32,7 +33,8 @@ Mainu::Mainu()
       startup_page(*this, search, Text6, k1),
       duplicates_page(*this, k1),
       ram(*this),
-      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus) {
+      monitor(*this, Drive1, ram, options.Text3, options.Text4, task_page.frogsus),
+      power(*this) {
   search.Visible(false);
   frame1.Visible(false);
   // They sit on the dark strip under the pages.
@@ -52,6 +54,8 @@ Mainu::Mainu()
   // Over every page: the tip panel and the wait panel.
   mark.ZOrder(0);
   quicktip.ZOrder(0);
+  // The "great software" answer of an uninstall run lands in the minutes box.
+  uninstall_page.mm = [this](const std::string& text) { power.mm.Text(text); };
 
   uninstall.Click = [this] { uninstall_Click(); };
   task.Click = [this] { task_Click(); };
@@ -73,6 +77,12 @@ Mainu::Mainu()
   Timer3.Tick = [this] { Timer3_Timer(); };
   Timer2.Tick = [this] { monitor.Timer2_Timer(); };
   task_page.frogsus.Click = [this] { ram.frogsus_Click(); };
+  // A drag over the bare form, and over the duplicate finder's Option4 (which
+  // never shows in section 3), is section 3's drag.
+  for (DropEvent* over : {&OLEDragOver, &duplicates_page.Option4.OLEDragOver})
+    *over = [this](const std::vector<std::string>& f) { split_page.Form_OLEDragOver(f); };
+  OLEDropMode(true);
+  duplicates_page.Option4.OLEDropMode(true);
 
   // No caption, yet the taskbar can minimise and restore it: that takes a
   // system menu and a minimise box in the style.
@@ -96,7 +106,8 @@ Mainu::Mainu()
 }
 
 void Mainu::Timer3_Timer() {
-  // The power-off time check plugs in here, before the monitor.
+  power.time_check();
+  disk_page.free_space_tick();
   monitor.run();
 }
 

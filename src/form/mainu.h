@@ -15,6 +15,7 @@
 #include "filetools/shred_page.h"
 #include "filetools/split_page.h"
 #include "monitor/monitor.h"
+#include "monitor/power_panel.h"
 #include "monitor/ram_release.h"
 #include "system/startup_page.h"
 #include "system/task_page.h"
@@ -120,11 +121,16 @@ public:
   // Options page's amounts.
   RamRelease ram;
   SystemMonitor monitor;
+  // The power button and the scheduled power-off.
+  PowerPanel power;
 
 private:
   void start_with_paths(const std::string& tail);
   void apply_skin();
+public:
   void Timer3_Timer();
+
+private:
   void show_poweroff_once();
   void enter_start_section();  // by Combo1's text, the stored "mod"
 

@@ -69,6 +69,7 @@ void Mainu::changelanguage(int language) {
   junk_page.captions(language);
   startup_page.captions(language);
   duplicates_page.captions(language);
+  power.captions(language);
 }
 
 }  // namespace wh

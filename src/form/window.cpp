@@ -17,6 +17,7 @@ void Mainu::Form_MouseDown(int, int, int x, int y) {
 void Mainu::Form_MouseMove(int button, int, int x, int y) {
   // Leaving a button means arriving on the surface: whatever was lit goes out.
   Clear(lighton);
+  power.surface();
   lighton = "MAINU";
   if (button == 1) Move(Left() + x - drag_x_, Top() + y - drag_y_, Width(), Height());
 }

@@ -1,5 +1,6 @@
 #include "monitor/power_off.h"
 
+#include "core/globals.h"
 #include "core/poweroff.h"
 #include "core/routines.h"
 #include "core/text.h"
@@ -29,7 +30,7 @@ ClockTime clock_now() {
 
 void power_off() {
   Poweroff& window = poweroff();
-  // One picture for both languages so far: the window carries its own.
+  window.picture(LoadPicture(language_flag == 1 ? "POWEROFF_EN" : "POWEROFF_RO"));
   window.Show();
   ::SetWindowPos(window.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
   do_events();
@@ -45,16 +46,21 @@ void power_off() {
   }
 }
 
-void PowerSchedule::set_folders(const std::string& joined) {
-  watched_folders.assign(1, {});
+std::vector<std::string> folder_list(const std::string& joined) {
+  std::vector<std::string> parts;
   size_t start = 0;
-  while (start <= joined.size()) {
+  while (start < joined.size()) {
     size_t bar = joined.find('|', start);
     if (bar == std::string::npos) bar = joined.size();
-    const std::string part = joined.substr(start, bar - start);
-    if (!part.empty()) watched_folders.push_back({part, 0});
+    if (bar > start) parts.push_back(joined.substr(start, bar - start));
     start = bar + 1;
   }
+  return parts;
+}
+
+void PowerSchedule::set_folders(const std::string& joined) {
+  watched_folders.assign(1, {});
+  for (const std::string& path : folder_list(joined)) watched_folders.push_back({path, 0});
 }
 
 void PowerSchedule::time_check(const std::string& hh, const std::string& mm) {

@@ -24,6 +24,9 @@ using Clock = std::function<ClockTime()>;
 Clock set_clock(Clock clock);
 ClockTime clock_now();
 
+// The folders of "Paths2"-style text: the parts between "|" that are not empty.
+std::vector<std::string> folder_list(const std::string& joined);
+
 class PowerSchedule {
 public:
   struct WatchedFolder {

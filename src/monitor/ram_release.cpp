@@ -26,6 +26,7 @@ double physical_memory() {
 
 RamRelease::RamRelease(MainForm& form)
     : frogup(form.add<PictureBox>("frogup", extra_place(0))), form_(form) {
+  frogup.LoadPicture("FROG_SUS");
   frogup.Visible(false);
 }
 

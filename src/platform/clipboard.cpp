@@ -48,4 +48,16 @@ int clipboard_get_text(std::string& text, HWND owner) {
   return rt_ok;
 }
 
+bool clipboard_has_format(UINT format) { return IsClipboardFormatAvailable(format) != 0; }
+
+int clipboard_get_bitmap(HBITMAP& copy, HWND owner) {
+  copy = nullptr;
+  ClipboardLock lock(owner);
+  if (!lock.is_open()) return rt_permission_denied;
+  // The clipboard keeps its handle: the picture gets a copy of its own.
+  auto bitmap = static_cast<HBITMAP>(GetClipboardData(CF_BITMAP));
+  if (bitmap) copy = static_cast<HBITMAP>(CopyImage(bitmap, IMAGE_BITMAP, 0, 0, 0));
+  return rt_ok;
+}
+
 }  // namespace wh

@@ -31,4 +31,9 @@ int clipboard_set_text(const std::string& text, HWND owner = nullptr);
 // CF_TEXT up to its NUL; empty text when there is none.
 int clipboard_get_text(std::string& text, HWND owner = nullptr);
 
+// IsClipboardFormatAvailable: no need to open the clipboard.
+bool clipboard_has_format(UINT format);
+// A copy of the CF_BITMAP, the caller's to free; null when there is none.
+int clipboard_get_bitmap(HBITMAP& copy, HWND owner = nullptr);
+
 }  // namespace wh

@@ -68,8 +68,11 @@ LONG reg_set_dword(HKEY key, const std::string& name, DWORD value) {
 }
 
 LONG reg_set_default(HKEY key, const std::string& subkey, const std::string& text) {
-  return RegSetValueA(key, subkey.empty() ? nullptr : subkey.c_str(), REG_SZ, text.c_str(),
-                      static_cast<DWORD>(text.size()));
+  return reg_set_default(key, subkey, text, static_cast<DWORD>(text.size()));
+}
+
+LONG reg_set_default(HKEY key, const std::string& subkey, const std::string& text, DWORD length) {
+  return RegSetValueA(key, subkey.empty() ? nullptr : subkey.c_str(), REG_SZ, text.c_str(), length);
 }
 
 LONG reg_enum_key(HKEY key, DWORD index, std::string& name, DWORD bufsize) {

@@ -43,6 +43,8 @@ LONG reg_set_dword(HKEY key, const std::string& name, DWORD value);
 // RegSetValueA: the default (unnamed) REG_SZ value of subkey, made if missing.
 // An empty subkey sets the key's own default value.
 LONG reg_set_default(HKEY key, const std::string& subkey, const std::string& text);
+// The same with the length told to the API (which takes the text's own).
+LONG reg_set_default(HKEY key, const std::string& subkey, const std::string& text, DWORD length);
 
 // RegEnumKeyA by index; `bufsize` is the size told to the API (a name of that
 // length or more fails with ERROR_MORE_DATA). ERROR_NO_MORE_ITEMS ends a walk.

@@ -29,6 +29,8 @@ const char* rt_text(int number) {
     case rt_invalid_property: return "Invalid property value";
     case rt_set_not_at_runtime: return "Property cannot be set at run time";
     case rt_cannot_create_object: return "ActiveX component can't create object";
+    case rt_no_such_member: return "Object doesn't support this property or method";
+    case rt_automation: return "Automation error";
     default: return "Application-defined or object-defined error";
   }
 }

@@ -38,6 +38,8 @@ enum rt : int {
   rt_invalid_property = 380,
   rt_set_not_at_runtime = 382,
   rt_cannot_create_object = 429,
+  rt_no_such_member = 438,
+  rt_automation = 440,
 };
 
 // The platform's text for a run-time error number.

@@ -1,5 +1,7 @@
 #include "platform/shell.h"
 
+#include <cstring>
+
 #include <shellapi.h>
 #include <shlobj.h>
 
@@ -56,21 +58,28 @@ void add_to_recent_docs(const std::string& path) {
   SHAddToRecentDocs(SHARD_PATHA, path.empty() ? nullptr : path.c_str());
 }
 
-bool browse_for_folder(HWND owner, const std::string& title, std::string& path) {
+namespace {
+int CALLBACK browse_callback(HWND w, UINT msg, LPARAM, LPARAM start) {
+  if (msg == BFFM_INITIALIZED && start) ::SendMessageA(w, BFFM_SETSELECTIONA, TRUE, start);
+  return 0;
+}
+}  // namespace
+
+std::string shell_browse_folder(HWND owner, const std::string& title, const std::string& start) {
   char display[MAX_PATH + 1] = {};
   BROWSEINFOA bi{};
   bi.hwndOwner = owner;
   bi.pszDisplayName = display;
   bi.lpszTitle = title.c_str();
   bi.ulFlags = BIF_RETURNONLYFSDIRS;
+  bi.lpfn = browse_callback;
+  bi.lParam = start.empty() ? 0 : reinterpret_cast<LPARAM>(start.c_str());
   LPITEMIDLIST pidl = SHBrowseForFolderA(&bi);
-  if (!pidl) return false;
-  char buf[MAX_PATH + 1] = {};
-  BOOL ok = SHGetPathFromIDListA(pidl, buf);
+  if (!pidl) return {};
+  char buf[512] = {};
+  SHGetPathFromIDListA(pidl, buf);
   CoTaskMemFree(pidl);
-  if (!ok) return false;
-  path = buf;
-  return true;
+  return std::string(buf, strnlen(buf, sizeof buf));
 }
 
 DWORD get_short_path_name(const std::string& path, char* buffer, DWORD bufsize) {

@@ -30,8 +30,9 @@ void update_recycle_bin_icon();
 // SHAddToRecentDocs with a path; an empty path clears the recent documents.
 void add_to_recent_docs(const std::string& path);
 
-// SHBrowseForFolderA + SHGetPathFromIDListA. False when cancelled.
-bool browse_for_folder(HWND owner, const std::string& title, std::string& path);
+// SHBrowseForFolderA, opened on `start` when given, + SHGetPathFromIDListA
+// into a buffer of 512 characters, cut at its first NUL. "" when cancelled.
+std::string shell_browse_folder(HWND owner, const std::string& title, const std::string& start);
 
 // GetShortPathNameA as is: the caller owns the buffer and the size it
 // claims, and gets the API's return value.

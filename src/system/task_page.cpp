@@ -56,6 +56,7 @@ TaskPage::TaskPage(MainForm& form, Frame& frame1_panel)
       frogsus(form.add<ImageButton>("frogsus", extra_place(0))),
       frame1(frame1_panel),
       form_(form) {
+  frogsus.LoadPicture("FROG_JOS");
   frogsus.Visible(false);
   for (Control* c : std::initializer_list<Control*>{&Label_processes, &Label_windows, &List2, &List3})
     c->Visible(false);

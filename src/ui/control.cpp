@@ -102,6 +102,12 @@ void mouse_message(HWND w, UINT msg, WPARAM wp, LPARAM lp, const MouseEvents& ev
 }
 
 std::vector<std::string> dropped_files(HDROP drop) {
+  std::vector<std::string> files = drop_file_names(drop);
+  ::DragFinish(drop);
+  return files;
+}
+
+std::vector<std::string> drop_file_names(HDROP drop) {
   std::vector<std::string> files;
   UINT n = ::DragQueryFileA(drop, 0xFFFFFFFF, nullptr, 0);
   for (UINT i = 0; i < n; ++i) {
@@ -111,7 +117,6 @@ std::vector<std::string> dropped_files(HDROP drop) {
     f.resize(len);
     files.push_back(f);
   }
-  ::DragFinish(drop);
   return files;
 }
 }  // namespace detail
@@ -223,7 +228,11 @@ void Control::BackColor(COLORREF c) {
   ::InvalidateRect(hwnd_, nullptr, TRUE);
 }
 
-void Control::OLEDropMode(bool accept) { ::DragAcceptFiles(hwnd_, accept); }
+void Control::OLEDropMode(bool accept) {
+  ::DragAcceptFiles(hwnd_, accept);
+  if (accept) form_.accept_ole_drags();
+}
+
 
 bool Control::key_press(const KeyPressEvent& handler, WPARAM wp, LPARAM lp, LRESULT& result) {
   int ascii = static_cast<int>(wp);

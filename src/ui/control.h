@@ -79,12 +79,13 @@ public:
   // The program keeps numbers here as text.
   std::string Tag;
 
-  // Files dropped from the shell arrive as OLEDragDrop once this is on.
+  // Files dropped from the shell arrive as OLEDragDrop once this is on, and
+  // files dragged over it as OLEDragOver.
   void OLEDropMode(bool accept);
 
   MouseEvent MouseDown, MouseMove, MouseUp;
   Event Click, DblClick;
-  DropEvent OLEDragDrop;
+  DropEvent OLEDragDrop, OLEDragOver;
 
   // Raw message to the control's window.
   LRESULT send(UINT msg, WPARAM wp = 0, LPARAM lp = 0) const {
@@ -159,6 +160,8 @@ struct MouseEvents {
 };
 void mouse_message(HWND w, UINT msg, WPARAM wp, LPARAM lp, const MouseEvents& ev);
 std::vector<std::string> dropped_files(HDROP drop);
+// The paths of a drop, leaving the handle to its owner.
+std::vector<std::string> drop_file_names(HDROP drop);
 }  // namespace detail
 
 }  // namespace wh

@@ -10,6 +10,9 @@ class DialogService {
 public:
   virtual ~DialogService() = default;
   virtual int msg_box(const std::string& text, unsigned style, const std::string& title) = 0;
+  // The folder dialog: the chosen folder, "" when cancelled. The system's
+  // unless a service answers it.
+  virtual std::string browse_folder(const std::string& title, const std::string& start);
 };
 
 // MessageBoxA, owned by the active window of this thread.
@@ -24,6 +27,9 @@ DialogService& dialogs();
 // Style: MB_* flags; title: the program's title unless given.
 int msg_box(const std::string& text, unsigned style = 0,
             const std::string& title = "Wellharrower");
+
+// The folder dialog of the service in use.
+std::string browse_folder(const std::string& title, const std::string& start = {});
 
 // Puts `service` in place for the life of the scope.
 class DialogScope {
@@ -52,6 +58,11 @@ public:
   ~ScriptedDialogs() override = default;
 
   int msg_box(const std::string& text, unsigned style, const std::string& title) override;
+  // Answers the folder dialogs in order from `folders` ("" is a cancel; a
+  // cancel once they have run out); their titles are kept.
+  std::string browse_folder(const std::string& title, const std::string& start) override;
+  std::vector<std::string> folders;
+  std::vector<std::string> folder_titles;
 
   void answer(int id) { answers_.push_back(id); }
   const std::vector<Box>& boxes() const { return boxes_; }

@@ -66,7 +66,8 @@ Form::~Form() {
   Click = DblClick = Resize = Paint = nullptr;
   QueryUnload = nullptr;
   Unload = nullptr;
-  OLEDragDrop = nullptr;
+  OLEDragDrop = OLEDragOver = nullptr;
+  revoke_ole_drags();
   timers_.clear();
   by_name_.clear();
   controls_.clear();
@@ -85,6 +86,7 @@ LRESULT CALLBACK Form::proc(HWND w, UINT msg, WPARAM wp, LPARAM lp) {
   if (!f) return ::DefWindowProcA(w, msg, wp, lp);
   detail::WindowScope scope;
   if (msg == WM_NCDESTROY) {
+    f->revoke_ole_drags();
     ::SetWindowLongPtrA(w, GWLP_USERDATA, 0);
     f->hwnd_ = nullptr;
     detail::form_destroyed();
@@ -297,7 +299,10 @@ void Form::BackColor(COLORREF c) {
   ::InvalidateRect(hwnd_, nullptr, TRUE);
 }
 
-void Form::OLEDropMode(bool accept) { ::DragAcceptFiles(hwnd_, accept); }
+void Form::OLEDropMode(bool accept) {
+  ::DragAcceptFiles(hwnd_, accept);
+  if (accept) accept_ole_drags();
+}
 
 Control* Form::find(const std::string& name) const {
   auto it = by_name_.find(name);

@@ -19,6 +19,8 @@
 #include "ui/control.h"
 #include "ui/gdi.h"
 
+struct IDropTarget;
+
 namespace wh {
 
 class Timer;
@@ -110,7 +112,12 @@ public:
   std::function<void(int& cancel)> Unload;
   Event Resize, Paint;
   DropEvent OLEDragDrop;
+  // Fires while files are dragged over the bare form (once it accepts drops).
+  DropEvent OLEDragOver;
   void OLEDropMode(bool accept);
+  // Takes OLE drags for the form and its controls (ui/drop_target.cpp):
+  // each one goes to the control under the pointer that accepts drops.
+  void accept_ole_drags();
 
   // Next free control id of this form, for WM_COMMAND.
   int next_id() { return next_id_++; }
@@ -134,6 +141,8 @@ private:
   std::vector<std::unique_ptr<Control>> controls_;
   std::vector<std::unique_ptr<Timer>> timers_;
   std::map<std::string, Control*> by_name_;
+  IDropTarget* drop_target_ = nullptr;  // registered on the window
+  void revoke_ole_drags();
 };
 
 }  // namespace wh

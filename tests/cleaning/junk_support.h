@@ -4,11 +4,17 @@
 // drive roots and the recycle bin are the prefix's own.
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "cleaning/junk_page.h"
 #include "cleaning/junk_state.h"
 #include "platform/processes.h"
+#include "platform/registry.h"
 #include "support/scratch.h"
 #include "support/test_form.h"
 
@@ -27,6 +33,32 @@ struct JunkShared {
   DirListBox& Dir3;
   DriveListBox& Drive1;
   FileListBox& k1;
+};
+
+// A key with text values, made for a test.
+inline void make_key(HKEY hive, const std::string& key,
+                     std::initializer_list<std::pair<const char*, const char*>> values = {}) {
+  HKEY k = nullptr;
+  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(hive, key.c_str(), &k));
+  for (auto [name, text] : values)
+    RegSetValueExA(k, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text),
+                   static_cast<DWORD>(strlen(text) + 1));
+  RegCloseKey(k);
+}
+
+// Removes, at the end of a test, a key tree the test made.
+class MadeKey {
+public:
+  MadeKey(HKEY hive, std::string key) : hive_(hive), key_(std::move(key)) {
+    reg_delete_tree(hive_, key_);
+  }
+  ~MadeKey() { reg_delete_tree(hive_, key_); }
+  MadeKey(const MadeKey&) = delete;
+  MadeKey& operator=(const MadeKey&) = delete;
+
+private:
+  HKEY hive_;
+  std::string key_;
 };
 
 class JunkWorld {

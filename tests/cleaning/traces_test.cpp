@@ -9,12 +9,15 @@
 #include <utility>
 
 #include "cleaning/junk_state.h"
+#include "cleaning/junk_support.h"
 #include "cleaning/traces.h"
 #include "platform/clipboard.h"
 #include "platform/registry.h"
 #include "support/scratch.h"
 
 using namespace wh;
+using wh::test::make_key;
+using wh::test::MadeKey;
 using wh::test::path_exists;
 using wh::test::ScratchDir;
 
@@ -39,31 +42,6 @@ bool value_exists(HKEY hive, const std::string& key, const std::string& name) {
   RegCloseKey(k);
   return found;
 }
-
-void make_key(HKEY hive, const std::string& key,
-              std::initializer_list<std::pair<const char*, const char*>> values = {}) {
-  HKEY k = nullptr;
-  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(hive, key.c_str(), &k));
-  for (auto [name, text] : values)
-    RegSetValueExA(k, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(text),
-                   static_cast<DWORD>(strlen(text) + 1));
-  RegCloseKey(k);
-}
-
-// Removes, at the end of a test, a key tree the test made.
-class MadeKey {
-public:
-  MadeKey(HKEY hive, std::string key) : hive_(hive), key_(std::move(key)) {
-    reg_delete_tree(hive_, key_);
-  }
-  ~MadeKey() { reg_delete_tree(hive_, key_); }
-  MadeKey(const MadeKey&) = delete;
-  MadeKey& operator=(const MadeKey&) = delete;
-
-private:
-  HKEY hive_;
-  std::string key_;
-};
 
 TEST(RegistryTraces, StreamsKeepDesktopAndTheKeyThatHoldsIt) {
   MadeKey mru(HKEY_CURRENT_USER, kExplorer + "StreamMRU");

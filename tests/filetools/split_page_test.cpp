@@ -272,6 +272,10 @@ TEST_F(SplitSection, TheDropHintShowsInSplitModeAndForOldFragmentsInMergeMode) {
   page.Form_OLEDragOver({"C:\\x\xAE" "2"});
   EXPECT_TRUE(page.Picture3.Visible());
   page.Picture3.Visible(false);
+  // A drag over the page's lists and frames is the section's drag.
+  fire(page.dir1.OLEDragOver, std::vector<std::string>{"C:\\x\xAE" "2"});
+  EXPECT_TRUE(page.Picture3.Visible());
+  page.Picture3.Visible(false);
   ActiveSection = 6;
   page.Form_OLEDragOver({"C:\\x\xAE" "2"});
   EXPECT_FALSE(page.Picture3.Visible());

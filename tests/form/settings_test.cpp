@@ -58,6 +58,11 @@ TEST_F(LoadSettings, StoredTrueTicksTheBoxesAndRedoesTheirOutsideEffects) {
   EXPECT_TRUE(o.Frame12.Enabled());
   EXPECT_TRUE(o.Option8.Value());
   EXPECT_GE(m.next_free_tick, before + 600000);  // ten minutes on
+  const char* const verb = "Folder\\shell\\Wellshred\\command";
+  EXPECT_EQ(app_path() + "\\" + app_exe_name() + ".exe %1",
+            reg_get_value(HKEY_CLASSES_ROOT, verb, ""));
+  raise_event([&] { o.Check7.Value(0); });  // unticked: the four keys go
+  EXPECT_EQ("<none>", reg_get_value(HKEY_CLASSES_ROOT, verb, "", "<none>"));
 }
 
 TEST_F(LoadSettings, StoredFalseLeavesOthersAloneAndTheTrayHalfEntersTheSection) {

@@ -8,7 +8,9 @@
 
 #include "core/globals.h"
 #include "form/mainu.h"
+#include "core/routines.h"
 #include "core/settings.h"
+#include "platform/registry.h"
 #include "support/scratch.h"
 #include "ui/dialogs.h"
 #include "ui/end.h"
@@ -23,8 +25,10 @@ const char* exe = "C:\\wh\\Wellharrower.exe";
 
 class Program {
 public:
-  explicit Program(const std::string& tail) {
-    std::string line = std::string("\"") + exe + "\"" + (tail.empty() ? "" : " " + tail);
+  // The exe with a command tail, or a whole command line of its own.
+  explicit Program(const std::string& tail, bool whole_line = false) {
+    std::string line = whole_line ? tail
+                                  : std::string("\"") + exe + "\"" + (tail.empty() ? "" : " " + tail);
     STARTUPINFOA si{};
     si.cb = sizeof si;
     started_ = CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
@@ -85,6 +89,35 @@ TEST(StartWithPaths, QuotedAndUnquotedFoldersAreShreddedAndRemoved) {
   EXPECT_FALSE(path_exists(dir / "somefolder"));
   // Nothing left beside them either: no renamed leftovers.
   EXPECT_TRUE(wh::test::names_in(dir.path()).empty());
+}
+
+TEST(StartWithPaths, TheFolderVerbOfTheProgramShredsAFolderWithBlanks) {
+  ScratchDir dir("e2e_verb");
+  dir.file("my old folder\\letter.doc", std::string(5000, 'l'));
+  dir.file("my old folder\\sub dir\\notes.txt", "notes");
+  save_setting("runed", "2");
+  save_setting("context", "true");
+  {
+    Program program("");  // ticks "context" at its start, then goes
+    ASSERT_NE(nullptr, program.main_window(20000));
+    program.wait_idle();
+  }
+  const char* const verb = "Folder\\shell\\Wellshred\\command";
+  std::string command = reg_get_value(HKEY_CLASSES_ROOT, verb, "");
+  EXPECT_EQ(std::string(exe) + " %1", command);
+  const size_t placeholder = command.find("%1");
+  ASSERT_NE(std::string::npos, placeholder);
+  // Explorer puts the path in as it is: no quotes.
+  command.replace(placeholder, 2, dir / "my old folder");
+  {
+    Program shred(command, true);
+    ASSERT_TRUE(shred.started());
+    EXPECT_TRUE(shred.ends_within(60000));
+  }
+  EXPECT_FALSE(path_exists(dir / "my old folder"));
+  save_setting("context", "false");
+  reg_delete_tree(HKEY_CLASSES_ROOT, "*\\shell\\Wellharrow");
+  reg_delete_tree(HKEY_CLASSES_ROOT, "Folder\\shell\\Wellshred");
 }
 
 TEST(OrdinaryStart, SecondInstanceEndsAtOnceWithoutAWindow) {

@@ -13,6 +13,8 @@
 #include "core/poweroff.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
+#include "monitor/power_off.h"
+#include "platform/power.h"
 #include "platform/files.h"
 #include "ui/ui.h"
 
@@ -197,6 +199,43 @@ TEST_F(WindowTest, TheAppreciationWindowsPostButtonShowsTheAddressAndCloses) {
   EXPECT_FALSE(poweroff_loaded());
   ASSERT_EQ(1u, boxes.count());
   EXPECT_EQ("My adress", boxes.last().title);
+}
+
+TEST_F(WindowTest, ThePowerButtonSchedulesThroughTheFormsTimers) {
+  // The real power-off, down to the platform's hook.
+  std::vector<PowerCall> calls;
+  PowerHook previous_hook = set_power_hook([&](const PowerCall& c) {
+    calls.push_back(c);
+    return 0L;
+  });
+  ClockTime now{23, 58};
+  Clock previous_clock = set_clock([&] { return now; });
+
+  // Lit under the mouse, plain again on the bare surface.
+  move_over(m->power.shut_blue);
+  EXPECT_TRUE(m->power.shut_red.Visible());
+  move_on_surface(*m, 400, 30);
+  EXPECT_FALSE(m->power.shut_red.Visible());
+  EXPECT_EQ(m->lighton, "MAINU");
+
+  m->power.shut_red.send(WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(3, 3));
+  ASSERT_TRUE(m->power.Frame17.Visible());
+  m->power.mm.Text("59");
+  m->power.negru_Click();
+  m->Timer3_Timer();
+  EXPECT_TRUE(calls.empty());
+  now = {23, 59};
+  m->Timer3_Timer();
+  m->Timer3_Timer();
+  ASSERT_EQ(calls.size(), 1u) << "once in its minute";
+  EXPECT_EQ(calls[0].kind, PowerCall::nt_shutdown_system);
+
+  // The uninstaller's question borrows the minutes box.
+  m->uninstall_page.mm("7");
+  EXPECT_EQ(m->power.mm.Text(), "7");
+
+  set_clock(previous_clock);
+  set_power_hook(previous_hook);
 }
 
 }  // namespace

@@ -198,4 +198,34 @@ TEST_F(TaskManagerTest, KillemEndsAProcessByNumber) {
   wh::killem(0xFFFFFFF0u, "no_such_whtest.exe");
 }
 
+TEST_F(TaskManagerTest, ARefusedEndOfAServiceStopsItWithNetStop) {
+  const std::string exe = dir / "whsvc_k.exe";
+  ASSERT_TRUE(CopyFileA("C:\\wh\\whservice.exe", exe.c_str(), FALSE));
+  SC_HANDLE scm = OpenSCManagerA(nullptr, nullptr, SC_MANAGER_ALL_ACCESS);
+  ASSERT_NE(scm, nullptr);
+  // Wine's net takes the key name only, so the display name is the same.
+  SC_HANDLE svc = CreateServiceA(scm, "WhTestSvc", "WhTestSvc", SERVICE_ALL_ACCESS,
+                                 SERVICE_WIN32_OWN_PROCESS, SERVICE_DEMAND_START,
+                                 SERVICE_ERROR_IGNORE, exe.c_str(), nullptr, nullptr, nullptr,
+                                 nullptr, nullptr);
+  ASSERT_NE(svc, nullptr) << GetLastError();
+  SERVICE_STATUS st{};
+  auto state = [&] {
+    QueryServiceStatus(svc, &st);
+    return st.dwCurrentState;
+  };
+  ASSERT_TRUE(StartServiceA(svc, 0, nullptr));
+  EXPECT_TRUE(eventually([&] { return state() == SERVICE_RUNNING; }));
+
+  // A number no process has: the end is refused, the walk finds the
+  // service by its file's name and stops it.
+  wh::killem(0xFFFFFFF0u, "WHSVC_K.EXE");
+  EXPECT_TRUE(eventually([&] { return state() == SERVICE_STOPPED; }));
+
+  if (state() != SERVICE_STOPPED) ControlService(svc, SERVICE_CONTROL_STOP, &st);
+  DeleteService(svc);
+  CloseServiceHandle(svc);
+  CloseServiceHandle(scm);
+}
+
 }  // namespace
