@@ -85,7 +85,9 @@ TEST_F(UninstallForm, TheSearchSelectsAcrossTheListAndEnterUninstallsEveryHit) {
   m.Text6_KeyPress(enter);
   EXPECT_FALSE(m.search.Visible());
   std::string text;
-  for (int tries = 0; tries < 200 && text.size() < 40; ++tries, Sleep(25)) text = read_file(log);
+  // Started without waiting, in either order: wait for both ends.
+  auto ended = [&] { return text.find("one end") != text.npos && text.find("two end") != text.npos; };
+  for (int tries = 0; tries < 800 && !ended(); ++tries, Sleep(25)) text = read_file(log);
   EXPECT_NE(std::string::npos, text.find("one end"));
   EXPECT_NE(std::string::npos, text.find("two end"));
   EXPECT_EQ(std::string::npos, text.find("miss"));
