@@ -9,6 +9,7 @@
 #include "core/delete_or_schedule.h"
 #include "core/routines.h"
 #include "platform/processes.h"
+#include "support/pending.h"
 #include "support/scratch.h"
 
 using namespace wh;
@@ -18,43 +19,6 @@ using wh::test::ScratchDir;
 using wh::test::write_file;
 
 namespace {
-
-const char* const kSession = "System\\CurrentControlSet\\Control\\Session Manager";
-
-// The pending operations as one string per entry.
-std::vector<std::string> pending() {
-  std::vector<std::string> out;
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSession, 0, KEY_READ, &k) != ERROR_SUCCESS) return out;
-  DWORD type = 0, size = 0;
-  if (RegQueryValueExA(k, "PendingFileRenameOperations", nullptr, &type, nullptr, &size) ==
-      ERROR_SUCCESS) {
-    std::string data(size, '\0');
-    RegQueryValueExA(k, "PendingFileRenameOperations", nullptr, &type,
-                     reinterpret_cast<BYTE*>(data.data()), &size);
-    for (size_t i = 0; i < data.size();) {
-      size_t end = data.find('\0', i);
-      if (end == std::string::npos) end = data.size();
-      out.push_back(data.substr(i, end - i));
-      i = end + 1;
-    }
-  }
-  RegCloseKey(k);
-  return out;
-}
-
-void drop_pending() {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSession, 0, KEY_SET_VALUE, &k) != ERROR_SUCCESS) return;
-  RegDeleteValueA(k, "PendingFileRenameOperations");
-  RegCloseKey(k);
-}
-
-bool has_entry(const std::vector<std::string>& list, const std::string& text) {
-  for (const auto& s : list)
-    if (s == text) return true;
-  return false;
-}
 
 // OS and WinDir as the 9x family has them, put back afterwards.
 class NineX : public ::testing::Test {
@@ -85,12 +49,13 @@ TEST(DeleteOrSchedule, OnNtTheShortPathJoinsThePendingList) {
   std::string path = dir.file("a long file name.txt", "locked");
   const std::string short_form = short_path(path);
   ASSERT_NE(path, short_form);
-  drop_pending();
+  const std::string before = test::pending_operations();
   delete_or_schedule(path);
   EXPECT_EQ(short_form, path) << "the path is changed in place";
-  EXPECT_TRUE(has_entry(pending(), "\\??\\" + short_form));
+  EXPECT_NE(std::string::npos,
+            test::pending_operations().find("\\??\\" + short_form + '\0'));
   EXPECT_TRUE(path_exists(short_form)) << "only scheduled";
-  drop_pending();
+  test::restore_pending(before);
 }
 
 TEST_F(NineX, TwoEntriesGiveOneHeadAndTwoLines) {

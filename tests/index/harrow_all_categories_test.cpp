@@ -9,7 +9,7 @@
 
 #include "cleaning/junk_support.h"
 #include "filetools/shredder.h"
-#include "pending.h"
+#include "support/pending.h"
 
 using namespace wh;
 using wh::test::JunkShared;

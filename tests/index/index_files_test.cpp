@@ -16,7 +16,7 @@
 #include "core/routines.h"
 #include "filetools/shredder.h"
 #include "platform/processes.h"
-#include "pending.h"
+#include "support/pending.h"
 #include "support/scratch.h"
 
 using namespace wh;

@@ -52,6 +52,9 @@ private:
 // Whole file as bytes; empty when it cannot be read.
 std::string read_file(const std::string& path);
 void write_file(const std::string& path, const std::string& bytes);
+// A file of `size` bytes that takes no room: Wine extends it with ftruncate,
+// so the host leaves the gap unallocated. True when it has that length.
+bool sparse_file(const std::string& path, long long size);
 bool path_exists(const std::string& path);
 // The names in a folder, sorted; none when it cannot be listed.
 std::vector<std::string> names_in(const std::string& folder);

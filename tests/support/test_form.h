@@ -19,6 +19,14 @@ std::vector<std::string> rows(const List& list, int from = 0) {
   return out;
 }
 
+// The first row showing exactly `text`; -1 when none does.
+template <class List>
+int row_of(const List& list, const std::string& text) {
+  for (int i = 0; i < list.ListCount(); ++i)
+    if (list.List(i) == text) return i;
+  return -1;
+}
+
 class TestForm : public MainForm {
 public:
   TestForm()
