@@ -22,19 +22,6 @@ using wh::test::TestForm;
 
 namespace {
 
-// A file of `size` bytes that takes no room: nothing is written.
-void sparse(const std::string& path, LONGLONG size) {
-  HANDLE h = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                         FILE_ATTRIBUTE_NORMAL, nullptr);
-  ASSERT_NE(INVALID_HANDLE_VALUE, h);
-  // Wine extends the file with ftruncate: the host leaves the gap unallocated.
-  LARGE_INTEGER at;
-  at.QuadPart = size;
-  SetFilePointerEx(h, at, nullptr, FILE_BEGIN);
-  SetEndOfFile(h);
-  CloseHandle(h);
-}
-
 int row_of(const ListBox& l, const std::string& start) {
   for (int i = 0; i < l.ListCount(); ++i)
     if (l.List(i).rfind(start, 0) == 0) return i;
@@ -100,8 +87,8 @@ TEST_F(DiskSection, TwoHundredMebibytesIsABigFolder) {
   ScratchDir dir("disk_big");
   dir.folder("exact");
   dir.folder("below");
-  sparse(dir / "exact\\a.bin", 209715200);
-  sparse(dir / "below\\a.bin", 209715199);
+  ASSERT_TRUE(test::sparse_file(dir / "exact\\a.bin", 209715200));
+  ASSERT_TRUE(test::sparse_file(dir / "below\\a.bin", 209715199));
   show(dir.path());
   EXPECT_EQ(0, page.list.ItemData(row_of(page.list, "exact")));
   EXPECT_EQ(1, page.list.ItemData(row_of(page.list, "below")));

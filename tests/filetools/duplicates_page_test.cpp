@@ -50,11 +50,7 @@ protected:
     page.Text7_KeyDown(enter, 0);
     page.Frame18.Visible(false);
   }
-  std::vector<std::string> lines() {
-    std::vector<std::string> out;
-    for (int i = 0; i < page.duplicates.ListCount(); ++i) out.push_back(page.duplicates.List(i));
-    return out;
-  }
+  std::vector<std::string> lines() { return test::rows(page.duplicates); }
 
   TestForm form;
   FileListBox& k1 = form.add<FileListBox>("k1", Place{0, 0, 10, 10});
@@ -128,12 +124,14 @@ TEST_F(DupSection, SameContentComparesTwoSamplesOfEqualSizes) {
   const std::string base(5000, 'm');
   std::string outside = base;
   outside[2500] = '!';  // between 10% and 90%
-  std::string four(4000, 'f'), inside = four;
+  std::string four(4000, 'f'), inside = four, late = four;
   inside[450] = '!';  // in the first sample (400..655)
+  late[3700] = '!';   // in the second sample (3600..3855)
   dir.file("a\\orig.dat", base);
   dir.file("b\\copy.dat", outside);
   dir.file("a\\four.dat", four);
   dir.file("b\\four.dat", inside);
+  dir.file("c\\four.dat", late);
   dir.file("c\\small.dat", "tiny file, alone at the end");
   search(dir.path());
   other("*.dat");
@@ -168,22 +166,6 @@ TEST_F(DupSection, SameContentComparesTwoSamplesOfEqualSizes) {
   SetFileAttributesA((dir / "a\\orig.dat").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(DupSection, FilesOfTheEndMarksSizeAtTheEndFailTheScan) {
-  ScratchDir dir("dup_mark");
-  const std::string mark(66666, 'z');
-  dir.file("a\\big.dat", std::string(70000, 'b'));
-  for (const char* n : {"a\\1.dat", "b\\2.dat", "c\\3.dat"}) dir.file(n, mark);
-  search(dir.path());
-  other("*.dat");
-  page.Option4.Value(true);
-  try {
-    page.Image37_Click();
-    FAIL() << "the walk should have run past the table";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(rt_subscript, e.number());
-  }
-}
-
 TEST_F(DupSection, VideoWithDocumentsMatchesNeitherMovNorDoc) {
   ScratchDir dir("dup_masks");
   for (const char* n : {"1\\clip.mov", "2\\clip.mov", "1\\memo.doc", "2\\memo.doc",
@@ -197,7 +179,6 @@ TEST_F(DupSection, VideoWithDocumentsMatchesNeitherMovNorDoc) {
   const auto l = lines();
   ASSERT_EQ(2u, l.size());
   EXPECT_EQ("SHEET.XLS", name_key(l[0]));
-  EXPECT_EQ("*.mpg;*.wmv;*.avi;*.divx;*.mov*.doc;*.xls;*.sxw;*.sxc;*.ppt;*.pd", page.k1.Pattern());
 }
 
 TEST_F(DupSection, OtherTakesItsOwnMasksAndAnyMaskClearsOther) {

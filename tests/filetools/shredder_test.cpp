@@ -3,7 +3,6 @@
 // fails and the overwritten file stays under its own name, as it does when
 // another program holds it.
 #include <windows.h>
-#include <winioctl.h>
 
 #include <gtest/gtest.h>
 
@@ -115,18 +114,7 @@ TEST_F(Shredder, ShreddedFilesLeaveNothingBehind) {
 TEST_F(Shredder, FileOfTwoGigabytesIsOnlyRenamedAndDeleted) {
   // Its length reads negative: no block is written. Sparse, so it is cheap.
   std::string path = dir / "huge.bin";
-  {
-    HANDLE h = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0,
-                           nullptr);
-    ASSERT_NE(INVALID_HANDLE_VALUE, h);
-    DWORD ignored = 0;
-    DeviceIoControl(h, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ignored, nullptr);
-    LARGE_INTEGER size;
-    size.QuadPart = 0x80000000LL + 4096;
-    SetFilePointerEx(h, size, nullptr, FILE_BEGIN);
-    ASSERT_TRUE(SetEndOfFile(h));
-    CloseHandle(h);
-  }
+  ASSERT_TRUE(test::sparse_file(path, 0x80000000LL + 4096));
   {
     Pin pin(path);
     shred_file(path, 3, false);

@@ -1,7 +1,6 @@
 // Splitting real files, and joining them again by running the written batch
 // file with Wine's own cmd in the fragments' folder.
 #include <windows.h>
-#include <winioctl.h>
 
 #include <gtest/gtest.h>
 
@@ -130,47 +129,6 @@ INSTANTIATE_TEST_SUITE_P(
                       JoinCase{"delete_ro", "sters.bin", 20000, 6000, 2, true, 4}),
     [](const auto& info) { return std::string(info.param.label); });
 
-TEST(BatchFile, HolidayPicturesByteForByteInBothLanguages) {
-  const std::vector<std::string> parts{"HOLIDA~1.001", "HOLIDA~1.002"};
-  EXPECT_EQ(
-      "@echo off\r\n"
-      "echo Wellharrower - Unsplit the file Holiday pictures.zip\r\n"
-      "echo.\r\n"
-      "FOR %%a IN ( HOLIDA~1.001 HOLIDA~1.002 ) DO IF NOT EXIST %%a ECHO %%a is missing!\r\n"
-      "echo.\r\n"
-      "pause\r\n"
-      "echo Merging files . . .\r\n"
-      "echo.\r\n"
-      "copy /B HOLIDA~1.001+HOLIDA~1.002 HOLIDA~1.ZIP\r\n"
-      "ren HOLIDA~1.ZIP \"Holiday pictures.zip\"\r\n"
-      "echo.\r\n"
-      "echo All done!\r\n"
-      "@echo on",
-      batch_text(1, "Holiday pictures.zip", "HOLIDA~1.ZIP", parts,
-                 "C:\\Data\\merge(Holiday pictures.zip).bat", false));
-  EXPECT_EQ(
-      "@echo off\r\n"
-      "echo Wellharrower - Crearea fisierului Holiday pictures.zip din bucatile componente \r\n"
-      "echo.\r\n"
-      "FOR %%a IN ( HOLIDA~1.001 HOLIDA~1.002 ) DO IF NOT EXIST %%a ECHO Fiserul %%a nu exista!\r\n"
-      "echo.\r\n"
-      "pause\r\n"
-      "echo Procesul a inceput . . .\r\n"
-      "echo.\r\n"
-      "copy /B HOLIDA~1.001+HOLIDA~1.002 HOLIDA~1.ZIP\r\n"
-      "ren HOLIDA~1.ZIP \"Holiday pictures.zip\"\r\n"
-      "del HOLIDA~1.001\r\n"
-      "del HOLIDA~1.002\r\n"
-      "del C:\\Data\\reface(Holiday pictures.zip).bat\r\n"
-      "echo.\r\n"
-      "echo Gata!\r\n"
-      "@echo on",
-      batch_text(2, "Holiday pictures.zip", "HOLIDA~1.ZIP", parts,
-                 "C:\\Data\\reface(Holiday pictures.zip).bat", true));
-  EXPECT_EQ("C:\\Data\\merge(a b.zip).bat", batch_path("C:\\Data\\", "a b.zip", 1));
-  EXPECT_EQ("C:\\Data\\reface(a b.zip).bat", batch_path("C:\\Data\\", "a b.zip", 2));
-}
-
 class SplitFile : public ::testing::Test {
 protected:
   void SetUp() override { saved_ = language_flag, language_flag = 1; }
@@ -208,15 +166,8 @@ TEST_F(SplitFile, MissingThingsAndAZeroSizeAreRefusedBeforeAnyWrite) {
 
 TEST_F(SplitFile, AThousandFragmentsAreRefusedOnASparseThousandMegabytes) {
   ScratchDir dir("split_thousand");
-  const std::string source = dir.file("big.img");
-  HANDLE h = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  DWORD ret = 0;
-  DeviceIoControl(h, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ret, nullptr);
-  LARGE_INTEGER size;
-  size.QuadPart = 1000LL * 1048576;
-  SetFilePointerEx(h, size, nullptr, FILE_BEGIN);
-  SetEndOfFile(h);
-  CloseHandle(h);
+  const std::string source = dir / "big.img";
+  ASSERT_TRUE(test::sparse_file(source, 1000LL * 1048576));
   std::string destination = dir.path();
   int16_t count = 0;
   EXPECT_EQ(split_too_many, split_file(source, destination, 1048576, count));
@@ -225,15 +176,8 @@ TEST_F(SplitFile, AThousandFragmentsAreRefusedOnASparseThousandMegabytes) {
 
 TEST_F(SplitFile, BeyondTwoGibibytesTheCopiedTotalOverflowsIntoAFailure) {
   ScratchDir dir("split_2gib");
-  const std::string source = dir.file("huge.img");
-  HANDLE h = CreateFileA(source.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  DWORD ret = 0;
-  DeviceIoControl(h, FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &ret, nullptr);
-  LARGE_INTEGER size;
-  size.QuadPart = (1LL << 31) + 10;
-  SetFilePointerEx(h, size, nullptr, FILE_BEGIN);
-  SetEndOfFile(h);
-  CloseHandle(h);
+  const std::string source = dir / "huge.img";
+  ASSERT_TRUE(test::sparse_file(source, (1LL << 31) + 10));
   std::string destination = dir.path();
   int16_t count = 0;
   EXPECT_EQ(split_failed, split_file(source, destination, 1000000000, count));
