@@ -43,19 +43,26 @@ std::string later_of(const std::string& a, const std::string& b) {
   return last;
 }
 
-TEST(Browsers, TheLaterMatchWinsAndAnyNameWithFirefoxCounts) {
+// Only folders right under program files count; the captions tell what
+// was found.
+TEST(Browsers, TheLaterMatchWinsAnyNameWithFirefoxCountsAndTheCaptionsTellThem) {
   const std::string mozilla = special_folder_path(26) + "\\Mozilla";
   ASSERT_FALSE(path_exists(mozilla)) << "the prefix has a Mozilla folder of its own";
   TestForm form;
   JunkShared shared(form);
   JunkPage page(form, shared.frame1, shared.File1, shared.Dir3, shared.Drive1, shared.k1);
-  ProgramFolder opera7("Opera7"), opera_mail("opera mail");
-  ProgramFolder firefox("Mozilla Firefox"), tools("MyFirefoxTools");
-  ASSERT_TRUE(opera7.made() && opera_mail.made() && firefox.made() && tools.made());
   opera_folder.clear();
   firefox_folder.clear();
   firefox_profile.clear();
+  page.captions(1);
+  ASSERT_TRUE(opera_folder.empty() && firefox_folder.empty()) << "the prefix has a browser";
+  EXPECT_EQ("Temporary internet  files (IE)", page.check[5]->Caption());
+  EXPECT_EQ("Junk files in root and " + environ_value("WinDir") + " folder",
+            page.check[2]->Caption());
 
+  ProgramFolder opera7("Opera7"), opera_mail("opera mail");
+  ProgramFolder firefox("Mozilla Firefox"), tools("MyFirefoxTools");
+  ASSERT_TRUE(opera7.made() && opera_mail.made() && firefox.made() && tools.made());
   page.captions(1);
   EXPECT_EQ(later_of("Opera7", "opera mail"), opera_folder);
   EXPECT_EQ(later_of("Mozilla Firefox", "MyFirefoxTools"), firefox_folder);
@@ -63,6 +70,18 @@ TEST(Browsers, TheLaterMatchWinsAndAnyNameWithFirefoxCounts) {
   // Never run: no profiles, so the profile is whatever the borrowed folder
   // list showed, never a folder of Firefox's.
   EXPECT_EQ(std::string::npos, firefox_profile.find("Mozilla"));
+
+  // The first profile folder is the only one taken.
+  const std::string profiles = mozilla + "\\Firefox\\Profiles";
+  test::write_file(profiles + "\\b.second\\x", "");
+  test::write_file(profiles + "\\a.first\\x", "");
+  page.captions(2);
+  EXPECT_EQ(profiles + "\\a.first\\", firefox_profile);
+  EXPECT_EQ("Fisiere temporare internet (IE,Opera,Firefox)", page.check[5]->Caption());
+  EXPECT_EQ("Fisiere nefolositoare din radacina si " + environ_value("WinDir"),
+            page.check[2]->Caption());
+
+  remove_tree(mozilla);
   opera_folder.clear();
   firefox_folder.clear();
   firefox_profile.clear();

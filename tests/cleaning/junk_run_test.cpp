@@ -11,6 +11,7 @@
 #include "cleaning/cleaner.h"
 #include "core/routines.h"
 #include "junk_support.h"
+#include "support/pending.h"
 
 using namespace wh;
 using wh::test::JunkShared;
@@ -67,26 +68,6 @@ private:
   PROCESS_INFORMATION pi_{};
   bool held_ = false;
 };
-
-const char* const kSession = "System\\CurrentControlSet\\Control\\Session Manager";
-
-std::string pending_operations() {
-  char data[65536] = {};
-  DWORD size = sizeof data, type = 0;
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSession, 0, KEY_READ, &k) != ERROR_SUCCESS) return {};
-  RegQueryValueExA(k, "PendingFileRenameOperations", nullptr, &type,
-                   reinterpret_cast<BYTE*>(data), &size);
-  RegCloseKey(k);
-  return std::string(data, size);
-}
-
-void drop_pending() {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSession, 0, KEY_SET_VALUE, &k) != ERROR_SUCCESS) return;
-  RegDeleteValueA(k, "PendingFileRenameOperations");
-  RegCloseKey(k);
-}
 
 std::string fill(size_t n, char c = 'j') { return std::string(n, c); }
 
@@ -186,7 +167,7 @@ TEST_F(JunkRun, CanaryJunkGoesAndEveryBystanderStaysByteForByte) {
 }
 
 TEST_F(JunkRun, ALockedFileIsCountedScheduledAndKeptAndTheRunGoesOn) {
-  drop_pending();
+  const std::string pending_before = test::pending_operations();
   const std::string locked = dir.file("temp\\sub\\in use.dat", fill(4096));
   const std::string free_file = dir.file("temp\\sub\\free.dat", fill(10));
   dir.file("windows\\Prefetch\\APP.pf", fill(150));
@@ -204,7 +185,7 @@ TEST_F(JunkRun, ALockedFileIsCountedScheduledAndKeptAndTheRunGoesOn) {
     EXPECT_FALSE(path_exists(free_file));
     EXPECT_TRUE(path_exists(dir / "temp\\sub")) << "its folder stays";
     EXPECT_NE(std::string::npos,
-              pending_operations().find(std::string("\\??\\") + short_locked + '\0' + '\0'))
+              test::pending_operations().find(std::string("\\??\\") + short_locked + '\0' + '\0'))
         << "scheduled for deletion under its short name";
 
     // Through the run: category 3 meets the same file, 4 still runs.
@@ -215,7 +196,7 @@ TEST_F(JunkRun, ALockedFileIsCountedScheduledAndKeptAndTheRunGoesOn) {
     EXPECT_FALSE(path_exists(prefetch_folder));
     EXPECT_EQ(0, page.check[3]->Value());
   }
-  drop_pending();
+  test::restore_pending(pending_before);
 }
 
 TEST_F(JunkRun, AFolderOfHiddenFilesGoesWithTheFinalUnforcedDelete) {

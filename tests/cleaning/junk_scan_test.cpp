@@ -238,49 +238,4 @@ TEST_F(JunkScan, ABinAbove2GBShowsTheSignedLowHalfOfItsSize) {
   empty_recycle_bin(nullptr, "", SHERB_NOCONFIRMATION | SHERB_NOPROGRESSUI | SHERB_NOSOUND);
 }
 
-// Browsers are found only right under the program files folder, and the
-// first profile folder is the only one taken.
-TEST(JunkBrowsers, FoundUnderProgramFilesAndNamedInTheCaptions) {
-  TestForm form;
-  JunkShared shared(form);
-  JunkPage page(form, shared.frame1, shared.File1, shared.Dir3, shared.Drive1, shared.k1);
-  opera_folder.clear();
-  firefox_folder.clear();
-  firefox_profile.clear();
-  page.captions(1);
-  const bool had_opera = !opera_folder.empty(), had_firefox = !firefox_folder.empty();
-  ASSERT_FALSE(had_opera || had_firefox) << "the prefix has a browser of its own";
-  EXPECT_EQ("Temporary internet  files (IE)", page.check[5]->Caption());
-
-  const std::string programs = special_folder_path(38);
-  const std::string profiles = special_folder_path(26) + "\\Mozilla\\Firefox\\Profiles";
-  RootThing opera(programs + "\\opera_whtest", "", true);
-  RootThing firefox(programs + "\\Mozilla FireFox whtest", "", true);
-  const std::string mozilla = special_folder_path(26) + "\\Mozilla";
-  ASSERT_FALSE(path_exists(mozilla)) << "the prefix has a Mozilla folder of its own";
-  write_file(profiles + "\\b.second\\x", "");
-  write_file(profiles + "\\a.first\\x", "");
-
-  page.captions(2);
-  EXPECT_EQ(programs + "\\opera_whtest", opera_folder);
-  EXPECT_EQ(programs + "\\Mozilla FireFox whtest", firefox_folder);
-  EXPECT_EQ(profiles + "\\a.first\\", firefox_profile);
-  EXPECT_EQ("Fisiere temporare internet (IE,Opera,Firefox)", page.check[5]->Caption());
-  EXPECT_EQ("Cookies (IE,Opera,Firefox)", page.check[6]->Caption());
-  EXPECT_EQ("Istorie (IE,Opera,Firefox)", page.check[15]->Caption());
-  EXPECT_EQ("Adrese tastate (IE,Opera,Firefox)", page.check[16]->Caption());
-  EXPECT_EQ("Fisiere nefolositoare din radacina si " + environ_value("WinDir"),
-            page.check[2]->Caption());
-  page.captions(1);
-  EXPECT_EQ("Junk files in root and " + environ_value("WinDir") + " folder",
-            page.check[2]->Caption());
-  EXPECT_EQ("All index.dat files(shred)", page.check[18]->Caption());
-  EXPECT_EQ(" Total selected:", page.Label14.Caption());
-
-  remove_tree(mozilla);
-  opera_folder.clear();
-  firefox_folder.clear();
-  firefox_profile.clear();
-}
-
 }  // namespace
