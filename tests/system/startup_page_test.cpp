@@ -31,6 +31,7 @@ using Texts = std::vector<std::string>;
 namespace {
 
 using wh::test::rows;
+using wh::test::row_of;
 
 const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 const char* const run_services_key = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunServices";
@@ -72,11 +73,6 @@ Texts ours(const ListBox& list) {
   return out;
 }
 
-int row_of(const ListBox& list, const std::string& text) {
-  for (int i = 0; i < list.ListCount(); ++i)
-    if (list.List(i) == text) return i;
-  return -1;
-}
 
 void select(ListBox& list, const std::string& text) {
   const int i = row_of(list, text);

@@ -17,7 +17,6 @@
 #include "core/settings.h"
 #include "platform/clipboard.h"
 #include "platform/registry.h"
-#include "platform/shell_link.h"
 #include "support/scratch.h"
 #include "support/test_form.h"
 #include "system/uninstall_page.h"
@@ -32,6 +31,7 @@ using Values = std::map<std::string, std::string>;
 namespace {
 
 using wh::test::rows;
+using wh::test::row_of;
 
 const std::string uninstall_key = uninstall_key_path;
 const std::string probe = "C:\\wh\\uninst_probe.exe";
@@ -54,11 +54,6 @@ const program_record* record_named(const std::string& name) {
   return nullptr;
 }
 
-int row_of(const ListBox& list, const std::string& text) {
-  for (int i = 0; i < list.ListCount(); ++i)
-    if (list.List(i) == text) return i;
-  return -1;
-}
 
 // Waits (pumping) until the log holds `lines` lines; the probes end by themselves.
 std::string wait_for_log(const std::string& log, size_t lines) {
@@ -361,28 +356,6 @@ TEST_F(Uninstall, OwnEntryAnsweredNoStopsTheRun) {
   EXPECT_EQ("7", answer);
   Sleep(300);
   EXPECT_FALSE(path_exists(log)) << "neither this program nor the rows after it started";
-}
-
-TEST_F(Uninstall, ADroppedShortcutRunsTheMatchingUninstaller) {
-  const std::string log = dir_ / "drop.log";
-  const std::string app = dir_.folder("Dropped");
-  const std::string exe = dir_.file("Dropped\\tool.exe", "MZ");
-  entry("WhTestDropped", {{"DisplayName", "WhTest Dropped"},
-                          {"UninstallString", command(log, "drop")},
-                          {"InstallLocation", app}});
-  const std::string link = dir_ / "tool.lnk";
-  ASSERT_EQ(0, shell_link_create(link, exe));
-  page_.uninstall_dropped(link);
-  EXPECT_NE(std::string::npos, wait_for_log(log, 2).find("drop end"));
-
-  // No folder match and no uninstall.exe beside it: nothing at all.
-  const std::string other = dir_.file("Elsewhere\\WhTest Dropped.exe", "MZ");
-  ScriptedDialogs boxes;
-  page_.uninstall_dropped(other);
-  Sleep(300);
-  EXPECT_EQ("drop start\r\ndrop end\r\n", read_file(log))
-      << "the name loops run to cmdline_path_count, which the scan set to 0";
-  EXPECT_EQ(0u, boxes.count());
 }
 
 }  // namespace
