@@ -6,14 +6,10 @@
 
 #include <string>
 
-#include "core/globals.h"
-#include "form/mainu.h"
 #include "core/routines.h"
 #include "core/settings.h"
 #include "platform/registry.h"
 #include "support/scratch.h"
-#include "ui/dialogs.h"
-#include "ui/end.h"
 
 using namespace wh;
 using wh::test::path_exists;
@@ -153,16 +149,4 @@ TEST(OrdinaryStart, StartAndXSendTheWindowToTheTray) {
     hidden.wait_idle();
     EXPECT_FALSE(IsWindowVisible(w));
   }
-}
-
-TEST(StartWithPaths, InProcessFolderRoadAsksNothingAndEnds) {
-  ScratchDir dir("inproc_folder");
-  dir.file("tree\\x.bin", std::string(3000, 'x'));
-  ScriptedDialogs boxes;
-  EndHook end;
-  EXPECT_THROW(mainu().start(dir / "tree"), ProgramEnded);
-  EXPECT_TRUE(end.called());
-  EXPECT_EQ(2, choose_result);
-  EXPECT_FALSE(path_exists(dir / "tree"));
-  EXPECT_EQ(0u, boxes.count());
 }

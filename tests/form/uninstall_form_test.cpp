@@ -13,9 +13,11 @@
 #include "platform/shell_link.h"
 #include "support/form_test.h"
 #include "support/scratch.h"
+#include "support/test_form.h"
 
 using namespace wh;
 using wh::test::read_file;
+using wh::test::row_of;
 using wh::test::ScratchDir;
 
 namespace {
@@ -28,11 +30,6 @@ void entry(const std::string& subkey, const std::map<std::string, std::string>& 
   for (const auto& [name, data] : values) k.set(name, REG_SZ, data + '\0');
 }
 
-int row_of(const ListBox& list, const std::string& text) {
-  for (int i = 0; i < list.ListCount(); ++i)
-    if (list.List(i) == text) return i;
-  return -1;
-}
 
 class UninstallForm : public test::StoreTest {
 protected:
@@ -91,64 +88,6 @@ TEST_F(UninstallForm, TheSearchSelectsAcrossTheListAndEnterUninstallsEveryHit) {
   EXPECT_NE(std::string::npos, text.find("one end"));
   EXPECT_NE(std::string::npos, text.find("two end"));
   EXPECT_EQ(std::string::npos, text.find("miss"));
-}
-
-// The window as the screen shows it, as a 24-bit BMP for people to look at.
-void save_window(HWND w, const std::string& path) {
-  RECT r{};
-  GetWindowRect(w, &r);
-  const int width = r.right - r.left, height = r.bottom - r.top;
-  BITMAPINFO bi{};
-  BITMAPINFOHEADER& h = bi.bmiHeader;
-  h.biSize = sizeof h;
-  h.biWidth = width;
-  h.biHeight = height;
-  h.biPlanes = 1;
-  h.biBitCount = 24;
-  h.biCompression = BI_RGB;
-  void* bits = nullptr;
-  HDC screen = GetDC(nullptr);
-  HBITMAP dib = CreateDIBSection(screen, &bi, DIB_RGB_COLORS, &bits, nullptr, 0);
-  HDC mem = CreateCompatibleDC(screen);
-  HGDIOBJ old = SelectObject(mem, dib);
-  BitBlt(mem, 0, 0, width, height, screen, r.left, r.top, SRCCOPY);
-  GdiFlush();
-  const DWORD size = static_cast<DWORD>(((width * 3 + 3) & ~3) * height);
-  BITMAPFILEHEADER fh{0x4D42, 0, 0, 0, sizeof(BITMAPFILEHEADER) + sizeof(BITMAPINFOHEADER)};
-  fh.bfSize = fh.bfOffBits + size;
-  CreateDirectoryA("C:\\wh\\artefacts", nullptr);
-  test::write_file(path, std::string(reinterpret_cast<const char*>(&fh), sizeof fh) +
-                             std::string(reinterpret_cast<const char*>(&bi.bmiHeader),
-                                         sizeof bi.bmiHeader) +
-                             std::string(static_cast<const char*>(bits), size));
-  SelectObject(mem, old);
-  DeleteDC(mem);
-  DeleteObject(dib);
-  ReleaseDC(nullptr, screen);
-}
-
-TEST_F(UninstallForm, ANewProgramOnTopAndTheFootLit) {
-  save_setting("SEARChtip", "1");
-  save_setting("talpatip", "1");
-  Mainu& m = start_form();
-  if (ActiveSection == 1) m.ref_Click(); else m.uninstall_Click();  // the memory file is made
-  entry("WhTestNewcomer", {{"DisplayName", "WhTest Newcomer"}});
-  entry("WhTestSecond", {{"DisplayName", "WhTest Second"}});
-  m.ref_Click();
-  ListBox& list = m.uninstall_page.List1;
-  ASSERT_LE(2, list.ListCount());
-  EXPECT_EQ("WhTest Newcomer        <<<<NEW>>>>", list.List(0));
-  EXPECT_EQ("WhTest Second        <<<<NEW>>>>", list.List(1));
-  list.Selected(0, true);
-  list.Selected(1, true);
-  ASSERT_TRUE(m.uninstall_page.talpa.Visible());
-  m.uninstall_page.talpa_Click();
-  EXPECT_TRUE(test::shows(m.uninstall_page.talpa, "PICIOR_SUS"));
-  m.Show();
-  for (int i = 0; i < 20; ++i, Sleep(20)) do_events();
-  save_window(m.hwnd(), "C:\\wh\\artefacts\\uninstall.bmp");
-  m.uninstall_page.talpa_Click();
-  EXPECT_TRUE(test::shows(m.uninstall_page.talpa, "PICIOR_JOS"));
 }
 
 // Answers the choose window with its first picture: the uninstaller.
