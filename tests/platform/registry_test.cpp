@@ -12,40 +12,6 @@ namespace {
 
 using test::ScratchKey;
 
-TEST(Registry, ValuesRoundTripAsRawBytes) {
-  ScratchKey scratch("values");
-  RegKey k;
-  ASSERT_EQ(ERROR_SUCCESS, k.create(scratch.hive(), scratch.subkey() + "\\made\\on\\the\\way"));
-
-  // Text stored without its NUL, as the program's writers do.
-  EXPECT_EQ(ERROR_SUCCESS, k.set("text", REG_SZ, std::string("hello")));
-  EXPECT_EQ(ERROR_SUCCESS, k.set_dword("number", 0x12345678));
-  const std::string blob("\x01\x00\xff\x00\x7f", 5);
-  EXPECT_EQ(ERROR_SUCCESS, k.set("blob", REG_BINARY, blob));
-
-  DWORD type = 0, size = 0;
-  EXPECT_EQ(ERROR_SUCCESS, k.query_size("number", type, size));
-  EXPECT_EQ(DWORD{REG_DWORD}, type);
-  EXPECT_EQ(4u, size);
-  EXPECT_EQ(ERROR_SUCCESS, k.query_size("blob", type, size));
-  EXPECT_EQ(5u, size);
-
-  std::string data;
-  EXPECT_EQ(ERROR_SUCCESS, k.query("blob", type, data));
-  EXPECT_EQ(DWORD{REG_BINARY}, type);
-  EXPECT_EQ(blob, data);
-  EXPECT_EQ(ERROR_SUCCESS, k.query("number", type, data));
-  EXPECT_EQ(std::string("\x78\x56\x34\x12", 4), data) << "a number comes back as its bytes";
-  EXPECT_EQ(ERROR_SUCCESS, k.query("text", type, data));
-  EXPECT_EQ(DWORD{REG_SZ}, type);
-  EXPECT_EQ("hello", data.substr(0, data.find('\0')));
-
-  EXPECT_EQ(ERROR_FILE_NOT_FOUND, k.query("absent", type, data));
-  EXPECT_TRUE(data.empty());
-  EXPECT_EQ(ERROR_SUCCESS, k.delete_value("blob"));
-  EXPECT_EQ(ERROR_FILE_NOT_FOUND, k.query_size("blob", type, size));
-}
-
 TEST(Registry, DefaultValueThroughTheOldCall) {
   ScratchKey scratch("default");
   EXPECT_EQ(ERROR_SUCCESS, reg_set_default(scratch.key(), "verb\\command", "\"C:\\x.exe\" \"%1\""));

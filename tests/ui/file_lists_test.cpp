@@ -5,75 +5,32 @@
 
 #include "platform/rt_error.h"
 #include "ui_test.h"
+#include "support/errors.h"
+#include "support/scratch.h"
+#include "support/test_form.h"
 
 namespace wh::test {
 namespace {
 
 const std::string root = "C:\\wh\\scratch\\ui_files";
 
-void remove_tree(const std::string& dir) {
-  WIN32_FIND_DATAA fd;
-  HANDLE h = ::FindFirstFileA((dir + "\\*").c_str(), &fd);
-  if (h != INVALID_HANDLE_VALUE) {
-    do {
-      std::string n = fd.cFileName;
-      if (n == "." || n == "..") continue;
-      std::string p = dir + "\\" + n;
-      ::SetFileAttributesA(p.c_str(), FILE_ATTRIBUTE_NORMAL);
-      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-        remove_tree(p);
-      else
-        ::DeleteFileA(p.c_str());
-    } while (::FindNextFileA(h, &fd));
-    ::FindClose(h);
-  }
-  ::RemoveDirectoryA(dir.c_str());
-}
-
-void make_file(const std::string& name, DWORD attributes = 0) {
-  std::string p = root + "\\" + name;
-  HANDLE h = ::CreateFileA(p.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                           FILE_ATTRIBUTE_NORMAL, nullptr);
-  ASSERT_NE(INVALID_HANDLE_VALUE, h) << p;
-  ::CloseHandle(h);
-  if (attributes) ::SetFileAttributesA(p.c_str(), attributes);
-}
-
 bool has_attribute(const std::string& name, DWORD a) {
   DWORD got = ::GetFileAttributesA((root + "\\" + name).c_str());
   return got != INVALID_FILE_ATTRIBUTES && (got & a);
 }
 
-std::vector<std::string> rows(const FileListBox& l) {
-  std::vector<std::string> r;
-  for (int i = 0; i < l.ListCount(); ++i) r.push_back(l.List(i));
-  return r;
-}
-
 class FileLists : public UiTest {
 protected:
   void SetUp() override {
-    ::CreateDirectoryA("C:\\wh\\scratch", nullptr);
-    remove_tree(root);
-    ASSERT_TRUE(::CreateDirectoryA(root.c_str(), nullptr));
-    make_file("b.tmp");
-    make_file("A.TMP");
-    make_file("c.bak");
-    make_file("d.txt");
-    make_file("locked.tmp", FILE_ATTRIBUTE_READONLY);
+    for (const char* name : {"b.tmp", "A.TMP", "c.bak", "d.txt"}) dir.file(name);
+    SetFileAttributesA(dir.file("locked.tmp").c_str(), FILE_ATTRIBUTE_READONLY);
     // Wine hides dot files by itself; the attribute makes it hidden on
     // Windows too.
-    make_file(".hidden.tmp", FILE_ATTRIBUTE_HIDDEN);
-    make_file("sys.tmp", FILE_ATTRIBUTE_SYSTEM);
-    ::CreateDirectoryA((root + "\\sub.tmp").c_str(), nullptr);
-    ::CreateDirectoryA((root + "\\Zeta").c_str(), nullptr);
-    ::CreateDirectoryA((root + "\\alpha").c_str(), nullptr);
-    ::CreateDirectoryA((root + "\\alpha\\inner").c_str(), nullptr);
+    SetFileAttributesA(dir.file(".hidden.tmp").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    SetFileAttributesA(dir.file("sys.tmp").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    for (const char* name : {"sub.tmp", "Zeta", "alpha\\inner"}) dir.folder(name);
   }
-  void TearDown() override {
-    UiTest::TearDown();
-    remove_tree(root);
-  }
+  ScratchDir dir{"ui_files"};
   FileListBox& files = form.add<FileListBox>("File1", Place{0, 0, 150, 100});
 };
 
@@ -120,12 +77,7 @@ TEST_F(FileLists, PathEventsAndErrors) {
   EXPECT_EQ(root, files.Path());
   files.Path(root);
   EXPECT_EQ(1, changes);
-  try {
-    files.Path(root + "\\missing");
-    FAIL();
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(rt_path_not_found, e.number());
-  }
+  EXPECT_EQ(rt_path_not_found, test::error_of([&] { files.Path(root + "\\missing"); }));
   EXPECT_EQ(root, files.Path());
   files.Pattern("d.*");
   EXPECT_EQ("", files.FileName());
@@ -183,12 +135,7 @@ TEST_F(FileLists, DriveListShowsTheLettersAndChanges) {
   drives.Drive("C:\\windows");
   EXPECT_EQ('c', drives.Drive()[0]);
   EXPECT_EQ(0, changes);  // C: was the current drive already
-  try {
-    drives.Drive("q:");
-    FAIL();
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(rt_device_unavailable, e.number());
-  }
+  EXPECT_EQ(rt_device_unavailable, test::error_of([&] { drives.Drive("q:"); }));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "platform/rt_error.h"
 #include "ui_test.h"
+#include "support/errors.h"
 
 namespace wh::test {
 namespace {
@@ -77,12 +78,8 @@ TEST_F(Forms, HidingAFrameHidesWhatIsInside) {
 
 TEST_F(Forms, SetFocusOnAnUnseenControlRaises) {
   auto& text = form.add<TextBox>("Text1", Place{0, 0, 50, 20});
-  try {
-    text.SetFocus();  // the form is hidden
-    FAIL();
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(rt_invalid_call, e.number());
-  }
+  // The form is hidden.
+  EXPECT_EQ(rt_invalid_call, test::error_of([&] { text.SetFocus(); }));
   EXPECT_TRUE(text.Visible());
 }
 
@@ -93,12 +90,7 @@ TEST_F(Forms, ControlsOutsideAContainerCannotHoldOthers) {
 
 TEST_F(Forms, PicturesLoadByResourceNameAndAMissingOneRaises) {
   auto& image = form.add<ImageButton>("shred", Place{0, 0, 20, 20});
-  try {
-    image.LoadPicture("NO_SUCH_JOS");
-    FAIL();
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(326, e.number());
-  }
+  EXPECT_EQ(326, test::error_of([&] { image.LoadPicture("NO_SUCH_JOS"); }));
   EXPECT_EQ(nullptr, image.picture());
   if (!::FindResourceA(exe_module(), "SHRED_JOS", MAKEINTRESOURCEA(2)))
     GTEST_SKIP() << "this exe carries no button pictures";

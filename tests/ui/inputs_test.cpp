@@ -1,6 +1,7 @@
 // Text boxes, check boxes and option buttons: which changes fire events.
 #include <string>
 
+#include "platform/clipboard.h"
 #include "platform/rt_error.h"
 #include "ui_test.h"
 
@@ -29,13 +30,7 @@ TEST_F(TextBoxes, KeyPressFilterSwallowsAndReplacesKeys) {
 
 TEST_F(TextBoxes, PasteIsNotFiltered) {
   text.KeyPress = [](int& ascii) { ascii = 0; };
-  ASSERT_TRUE(::OpenClipboard(form.hwnd()));
-  ::EmptyClipboard();
-  HGLOBAL mem = ::GlobalAlloc(GMEM_MOVEABLE, 4);
-  memcpy(::GlobalLock(mem), "abc", 4);
-  ::GlobalUnlock(mem);
-  ::SetClipboardData(CF_TEXT, mem);
-  ::CloseClipboard();
+  ASSERT_EQ(rt_ok, clipboard_set_text("abc"));
   text.send(WM_PASTE);
   EXPECT_EQ("abc", text.Text());
 }
@@ -68,17 +63,6 @@ TEST_F(TextBoxes, ChangeHandlerThatCorrectsTheTextRunsAgain) {
   text.Text("1441");
   EXPECT_EQ("1440", stored);
   EXPECT_EQ("1440", text.Text());
-}
-
-TEST_F(TextBoxes, KeyDownSeesTheKeyAndShift) {
-  int got = 0, shift = -1;
-  text.KeyDown = [&](int& key, int s) {
-    got = key;
-    shift = s;
-  };
-  text.send(WM_KEYDOWN, VK_DELETE, 0);
-  EXPECT_EQ(VK_DELETE, got);
-  EXPECT_EQ(0, shift);
 }
 
 using Choices = UiTest;
