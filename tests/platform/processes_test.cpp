@@ -33,47 +33,6 @@ TEST(Processes, ChildExitCodeWhenWaited) {
   EXPECT_EQ(rt_file_not_found, create_process("C:\\windows\\no_such_program.exe", true, r));
 }
 
-TEST(Processes, ChildShowsInSnapshotAndCanBeTerminated) {
-  ProcessResult r;
-  ASSERT_EQ(rt_ok, create_process("C:\\windows\\system32\\notepad.exe", false, r));
-  // Our own handle, to see the end without timing anything.
-  HANDLE h = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, r.pid);
-  ASSERT_NE(nullptr, h);
-
-  std::vector<ProcessEntry> list;
-  ASSERT_EQ(rt_ok, process_snapshot(list));
-  const ProcessEntry* child = find_pid(list, r.pid);
-  ASSERT_NE(nullptr, child);
-  EXPECT_EQ(GetCurrentProcessId(), child->parent_pid);
-  EXPECT_EQ(0, lstrcmpiA("notepad.exe", child->exe.c_str())) << child->exe;
-
-  EXPECT_EQ(rt_ok, terminate_process(r.pid, 7));
-  EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(h, INFINITE));
-  DWORD code = 0;
-  GetExitCodeProcess(h, &code);
-  EXPECT_EQ(7u, code);
-  CloseHandle(h);
-}
-
-TEST(Windows, OwnTopLevelWindowIsListed) {
-  HWND w = CreateWindowExA(0, "STATIC", "wh probe window", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
-                           0, 100, 50, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
-  ASSERT_NE(nullptr, w);
-  auto windows = top_level_windows();
-  auto it = std::find_if(windows.begin(), windows.end(),
-                         [w](const WindowEntry& e) { return e.hwnd == w; });
-  ASSERT_NE(windows.end(), it);
-  EXPECT_EQ("wh probe window", it->title);
-  EXPECT_TRUE(it->visible);
-  EXPECT_EQ(GetCurrentProcessId(), it->pid);
-  EXPECT_EQ(nullptr, it->owner);
-
-  send_message(w, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("renamed"));
-  EXPECT_EQ("renamed", get_window_text(w));
-  DestroyWindow(w);
-  EXPECT_EQ("", get_window_text(w));
-}
-
 TEST(SingleInstanceTest, SecondHolderSeesTheFirst) {
   std::string name = "WhTestMutex" + std::to_string(GetCurrentProcessId());
   {
