@@ -101,9 +101,6 @@ TEST(FileMoves, RenameFilesAndFolders) {
   EXPECT_EQ(rt_ok, move_file_ex(dir / "aK47Q22.815", dir / "taken.txt",
                                 MOVEFILE_REPLACE_EXISTING));
   EXPECT_EQ("a", read_file(dir / "taken.txt"));
-  // No new name: deletion at the next boot. The file stays until then.
-  EXPECT_EQ(rt_ok, move_file_ex(dir / "taken.txt", "", MOVEFILE_DELAY_UNTIL_REBOOT));
-  EXPECT_TRUE(path_exists(dir / "taken.txt"));
 }
 
 TEST(Places, TempFileAndProgramFolder) {

@@ -87,7 +87,7 @@ TEST(FsoDelete, WildcardTakesMatchingFilesOnly) {
   EXPECT_EQ(rt_file_not_found, fso.DeleteFile(dir / "folder.txt"));
 }
 
-TEST(FsoDelete, FolderGoesWithItsWholeTree) {
+TEST(FsoDelete, FolderGoesWithItsWholeTreeReadOnlyOnlyByForce) {
   ScratchDir dir("fso_tree");
   auto& fso = file_system();
   dir.file("victim\\a.txt", "a");
@@ -99,28 +99,18 @@ TEST(FsoDelete, FolderGoesWithItsWholeTree) {
   EXPECT_EQ(rt_ok, fso.DeleteFolder(dir / "victim\\"));  // trailing backslash names it too
   EXPECT_FALSE(path_exists(dir / "victim"));
   EXPECT_TRUE(path_exists(dir.path()));
-}
 
-TEST(FsoDelete, ReadOnlyFileInsideFolderNeedsForce) {
-  ScratchDir dir("fso_tree_ro");
-  auto& fso = file_system();
-  dir.file("victim\\sub\\plain.txt", "p");
-  make_read_only(dir.file("victim\\sub\\ro.txt", "r"));
+  make_read_only(dir.file("guarded\\sub\\ro.txt", "r"));
+  EXPECT_EQ(rt_permission_denied, fso.DeleteFolder(dir / "guarded", false));
+  EXPECT_TRUE(path_exists(dir / "guarded\\sub\\ro.txt"));
+  EXPECT_EQ(rt_ok, fso.DeleteFolder(dir / "guarded", true));
+  EXPECT_FALSE(path_exists(dir / "guarded"));
 
-  EXPECT_EQ(rt_permission_denied, fso.DeleteFolder(dir / "victim", false));
-  EXPECT_TRUE(path_exists(dir / "victim\\sub\\ro.txt"));
-  EXPECT_EQ(rt_ok, fso.DeleteFolder(dir / "victim", true));
-  EXPECT_FALSE(path_exists(dir / "victim"));
-}
-
-TEST(FsoDelete, FolderWildcardLeavesOthers) {
-  ScratchDir dir("fso_tree_wild");
-  auto& fso = file_system();
+  // A wildcard takes the matching folders only, never a file.
   dir.file("tmp1\\x.txt", "x");
   dir.folder("tmp2");
   dir.folder("keep");
   dir.file("tmpfile", "a file, not a folder");
-
   EXPECT_EQ(rt_ok, fso.DeleteFolder(dir / "tmp*"));
   EXPECT_FALSE(path_exists(dir / "tmp1"));
   EXPECT_FALSE(path_exists(dir / "tmp2"));
