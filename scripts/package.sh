@@ -13,16 +13,7 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
 dist=${DIST_DIR:-$here/dist}
 bash "$here/scripts/deps.sh"
-missing=()
-for p in nsis zip unzip; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
-done
-if ((${#missing[@]})); then
-  echo "package: installing ${missing[*]}"
-  export DEBIAN_FRONTEND=noninteractive
-  apt-get update -qq
-  apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
-fi
+bash "$here/scripts/deps.sh" package
 
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target Wellharrower
 # package.txt is written by CMake: version=, exe=, and plugin= when the
