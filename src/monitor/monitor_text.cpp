@@ -35,14 +35,17 @@ PanelLines panel_lines(int language, const std::string& cpu, double avail_phys,
                        double total_phys, uint32_t memory_load) {
   const bool low = avail_phys < one_mb;
   const std::string load = std::to_string(memory_load);
+  // The number decides the padding, not its "%": 100 takes one blank less
+  // than 5 or 99, so that 99 and 100 make lines of one length.
+  const bool three = cpu.size() - (!cpu.empty() && cpu.back() == '%') >= 3;
   PanelLines l;
   if (language == 1) {
-    l.cpu = "CPU       : " + cpu + (cpu.size() >= 3 ? "   " : "    ");
+    l.cpu = "CPU       : " + cpu + (three ? "   " : "    ");
     l.ram = "RAM free  :  " + (low ? std::string(" <1MB !") : monitor_size_text(avail_phys));
     l.total = "    total :  " + monitor_size_text(total_phys);
     l.load = "MEM load  : " + load + "%    ";
   } else {
-    l.cpu = "CPU        : " + cpu + (cpu.size() >= 3 ? "  " : "   ");
+    l.cpu = "CPU        : " + cpu + (three ? "  " : "   ");
     l.ram = "RAM liber  :" + (low ? std::string(" <1MB!") : monitor_size_text(avail_phys));
     l.total = "    total  :" + monitor_size_text(total_phys);
     l.load = "MEM incarct: " + load + "%   ";

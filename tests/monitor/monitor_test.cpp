@@ -41,11 +41,18 @@ TEST(MonitorText, PanelLinesInBothLanguages) {
   EXPECT_EQ(en.ram, "RAM free  :  300M");
   EXPECT_EQ(en.total, "    total :  2G");
   EXPECT_EQ(en.load, "MEM load  : 42%    ");
-  // Three characters or more take one padding blank less; the "%" counts,
-  // so two digits are padded like 100.
-  EXPECT_EQ(panel_lines(1, "99%", MB, MB, 1).cpu, "CPU       : 99%   ");
-  EXPECT_EQ(panel_lines(1, "5%", MB, MB, 1).cpu, "CPU       : 5%    ");
-  EXPECT_EQ(panel_lines(1, "100%", MB, MB, 1).cpu, "CPU       : 100%   ");
+  // The number, not its "%", decides the padding: 100 takes one blank less,
+  // so that every figure from 10 up makes a line of one length.
+  for (int language : {1, 2}) {
+    const auto line = [&](const char* cpu) { return panel_lines(language, cpu, MB, MB, 1).cpu; };
+    const std::string head = language == 1 ? "CPU       : " : "CPU        : ";
+    EXPECT_EQ(line("5%"), head + "5%" + (language == 1 ? "    " : "   "));
+    EXPECT_EQ(line("50%").size(), line("99%").size());
+    EXPECT_EQ(line("100%").size(), line("99%").size());
+    EXPECT_EQ(line("100%"), head + "100%" + (language == 1 ? "   " : "  "));
+    EXPECT_EQ(line("5%").size() + 1, line("50%").size());
+  }
+  EXPECT_EQ(panel_lines(1, "99%", MB, MB, 1).cpu, "CPU       : 99%    ");
 
   PanelLines ro = panel_lines(2, "100%", 1.25 * MB, 512 * MB, 9);
   EXPECT_EQ(ro.cpu, "CPU        : 100%  ");
