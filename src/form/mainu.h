@@ -38,6 +38,7 @@ public:
   void ordinary_start();
   void load_settings() override;
   bool analyze(std::string& text);
+  void monitor_start();  // the system monitor's first run, last of the start
 
   // --- the window (window.cpp): dragged by its bare surface
   void Form_MouseDown(int button, int shift, int x, int y);
@@ -96,10 +97,9 @@ public:
     return disk_page.driveexists(path, count);
   }
 
-  // --- blocks of the form whose content comes with later work (later.cpp)
-  void Command1_Click();  // the quick tip's demonstration
+  // --- the quick tip's demonstration (tip_demo.cpp)
+  void Command1_Click();  // starts the glide
   void Timer5_Timer();    // its next frame
-  void monitor_start();   // the system monitor's first run
 
   // Panels that two sections share.
   Frame& search;  // sections 1 and 9

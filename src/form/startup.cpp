@@ -188,6 +188,8 @@ void Mainu::load_settings() {
   ignore_errors([&] { monitor_start(); });
 }
 
+void Mainu::monitor_start() { monitor.start(); }
+
 // "Disk Space Explorer", which the Options page offers in English, has no
 // line here: it starts with no section.
 void Mainu::enter_start_section() {

@@ -1,4 +1,4 @@
-// The quick tip's demonstration, and the system monitor's first run.
+// The quick tip's demonstration: a sample file glides onto the target.
 #include "core/globals.h"
 #include "form/mainu.h"
 
@@ -47,7 +47,5 @@ void Mainu::Timer5_Timer() {
   Timer5.Enabled(false);
   Frame16.Visible(false);
 }
-
-void Mainu::monitor_start() { monitor.start(); }
 
 }  // namespace wh
