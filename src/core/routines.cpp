@@ -138,14 +138,18 @@ int register_component(HWND hwnd, const std::string& path, bool do_register) {
 namespace wh {
 
 namespace {
-// The width of a line in the form's own font, as the form measures text.
-int form_text_width(const Form& form, const std::string& text) {
-  HDC dc = GetDC(form.hwnd());
-  HGDIOBJ old = SelectObject(dc, font_handle(FontDesc{}));
+// The width of a line in the form's own font, as the form measures text:
+// on one memory DC made at the first need and kept, with that font in it.
+// Under Wine a GetDC on the form costs trips to the server, which a long
+// list paid at every line.
+int form_text_width(const Form&, const std::string& text) {
+  static const HDC dc = [] {
+    HDC made = CreateCompatibleDC(nullptr);
+    SelectObject(made, font_handle(FontDesc{}));
+    return made;
+  }();
   SIZE size{};
   GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
-  SelectObject(dc, old);
-  ReleaseDC(form.hwnd(), dc);
   return size.cx;
 }
 }  // namespace

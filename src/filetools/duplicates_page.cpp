@@ -1,5 +1,6 @@
 #include "filetools/duplicates_page.h"
 
+#include <optional>
 #include <unordered_map>
 
 #include "core/globals.h"
@@ -401,12 +402,15 @@ void DuplicatesPage::Image37_Click() {
   Picture17.Visible(true);
   duplicates.SetFocus();
 
+  std::optional<std::string> total;
   DupSink sink{
       .line = [this](const std::string& line, long item) {
         list_add_wide(duplicates, line);
         duplicates.ItemData(duplicates.ListCount() - 1, item);
       },
-      .total = [this](const std::string& text) { label19.Caption(text); },
+      // Nothing is painted while the runs are walked: the label takes the
+      // last total once, not a caption (a trip to the server) per group.
+      .total = [&total](const std::string& text) { total = text; },
       .length = [](const std::string& path) {
         File f;
         return file_system().GetFile(path, f) == 0 ? f.Size : 0.0;
@@ -419,6 +423,7 @@ void DuplicatesPage::Image37_Click() {
   const int failed = ignore_errors([&] { runs.walk(); });
   duplicates.send(WM_SETREDRAW, TRUE);
   ::InvalidateRect(duplicates.hwnd(), nullptr, TRUE);
+  if (total) label19.Caption(*total);
   if (failed) raise(failed);
   if (duplicates.ListCount() > 0)
     form_.del.Visible(true);
