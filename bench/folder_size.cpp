@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include "bench_clock.h"
+#include "plain_walks.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,23 +22,7 @@ namespace {
 
 using bench::now_ms;
 
-// The baseline: what a straightforward program would write.
-double plain_walk(const std::string& folder) {
-  double total = 0;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h == INVALID_HANDLE_VALUE) return 0;
-  do {
-    std::string name = fd.cFileName;
-    if (name == "." || name == "..") continue;
-    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-      total += plain_walk(folder + "\\" + name);
-    else
-      total += static_cast<double>(fd.nFileSizeHigh) * 4294967296.0 + fd.nFileSizeLow;
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
-  return total;
-}
+double plain_walk(const std::string& folder) { return plain::tree_size(folder); }
 
 void write_small(const std::string& path, int n) {
   HANDLE h = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,

@@ -1,33 +1,61 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs the benchmark programs under Wine
-# against native Linux tools, on the same data in the same folder of a
-# throwaway prefix (C:\wh\bench\ = build/bench-prefix/drive_c/wh/bench/).
-# Prints one line per figure:
+# against native Linux tools (the anchors) and against their floors, on the
+# same data in the same folder of a throwaway prefix (C:\wh\bench\ =
+# $BUILD_DIR/bench-prefix/drive_c/wh/bench/).
+#   bash bench/run.sh           the full data: takes a while
+#   bash bench/run.sh --smoke   every figure on tiny data, one round: shows
+#                               that the script and every program still run
+# A floor is the plainest Win32 loop doing the same work in the same Wine,
+# timed by the same program in turns with ours. Each figure prints a line
 #   name: ratio X (ours A unit, anchor B unit)
-# Every figure is a time, and ratio = ours / anchor: 1.00 is as fast as the
-# anchor, 2.00 takes twice as long. Each side is the best of a few warm runs.
-# The programs' own, longer reports are kept in build/bench-logs/.
+# as it comes, and all of them again as a table at the end. Every figure is
+# a time, ratio = ours / anchor: 1.00 is as fast, 2.00 takes twice as long.
+# "vs <tool>" lines hold ours against a native tool, "(both in Wine)" lines
+# against the floor. The programs' own, longer reports (with the phases of
+# the duplicate search) are kept in $BUILD_DIR/bench-logs/.
+#
+# The run fails when a line does not come: every `report "..."` and
+# `in_wine "..."` line of this file must print, or the run names what is
+# missing and exits 1 (CI runs --smoke). A section that fails stops there
+# and the next one runs.
+#
+# Adding a figure:
+#   - A program bench/NAME.cpp is built and copied by itself. It prints
+#     "figure KEY VALUE UNIT" lines (bench/plain_walks.h has the floors' loops).
+#   - When the program makes its own data and times ours and its floor
+#     itself, the figure is one line in sec_in_wine below:
+#       in_wine "what vs floor (both in Wine)" bench_NAME ours_key floor_key ms 1 ARGS...
+#   - Otherwise a function sec_NAME that makes the data (sizes through
+#     `size FULL SMOKE`), runs the program (run_wine), times the anchor
+#     (best_us) and calls `report` once per line; and its name in `sections`.
 set -euo pipefail
 export LC_ALL=C  # one decimal point for bash's clock, awk and the programs
 here=$(cd "$(dirname "$0")/.." && pwd)
 build=${BUILD_DIR:-$here/build}
-rounds=3
-benches=(bench_shred_throughput bench_folder_size bench_lcd_write bench_ini_records bench_split_file
-         bench_junk_scan bench_clean_tree bench_duplicates_scan bench_disk_root bench_url_cache
-         bench_monitor_tick bench_uninstall_scan bench_url_scan)
+smoke=0
+case "${1:-}" in
+  --smoke) smoke=1 ;;
+  "") ;;
+  *) echo "usage: bench/run.sh [--smoke]" >&2; exit 2 ;;
+esac
+# size FULL SMOKE: the figure of this run's kind.
+size() { if ((smoke)); then echo "$2"; else echo "$1"; fi; }
+rounds=$(size 3 1)
+
 bash "$here/scripts/deps.sh"
-# The anchor of the duplicate finder.
-if ! command -v jdupes >/dev/null; then
-  DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends jdupes >/dev/null ||
-    { apt-get update -qq && DEBIAN_FRONTEND=noninteractive apt-get install -y -qq jdupes >/dev/null; }
-fi
+bash "$here/scripts/deps.sh" bench
+benches=()
+for src in "$here"/bench/*.cpp; do
+  name=${src##*/}
+  benches+=("bench_${name%.cpp}")
+done
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
 
 . "$here/scripts/wine-env.sh"
 data=
 cleanup() {
   wh_cleanup
-  # The 256 MB files go as they are used; the tree stays only for the run.
   [ -z "$data" ] || rm -rf "$data"
 }
 trap cleanup EXIT
@@ -39,10 +67,16 @@ wh_new_prefix
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 mkdir -p "$WINEPREFIX/drive_c/wh"
 for b in "${benches[@]}"; do cp "$build/bin/$b.exe" "$WINEPREFIX/drive_c/wh/"; done
-wh_start_server
 data=$WINEPREFIX/drive_c/wh/bench
 logs=$build/bench-logs
-mkdir -p "$data" "$logs"
+rm -rf "$logs"
+mkdir -p "$data/big" "$logs"
+# Drive T: is the tree of the disk explorer's figure: a drive letter is a
+# link that must be there before the wineserver starts.
+ln -sfn "$data/big" "$WINEPREFIX/dosdevices/t:"
+wh_start_server
+lines=$logs/lines.tsv
+: >"$lines"
 
 # Best time in microseconds of `rounds` runs of a command, after `setup` (a
 # command, not timed) before each run. The clock is bash's own
@@ -60,6 +94,9 @@ best_us() {
   done
   echo "$best"
 }
+nothing() { :; }
+# Microseconds in the unit of a figure.
+us_to() { awk -v t="$1" -v u="$2" 'BEGIN { print t / (u == "s" ? 1e6 : u == "ms" ? 1e3 : 1) }'; }
 
 # Runs a program in the prefix. Its output goes through a file: Wine's
 # helper processes inherit stdout and outlive it, so a pipe would never close.
@@ -82,250 +119,329 @@ figure() {
   echo "$v"
 }
 
-# report NAME OURS ANCHOR UNIT DECIMALS
+# report NAME OURS ANCHOR UNIT DECIMALS: prints the line and keeps it for
+# the table. A value that is no positive number fails the section.
 report() {
+  local v
+  for v in "$2" "$3"; do
+    [[ $v =~ ^[0-9]*\.?[0-9]+$ ]] && awk -v v="$v" 'BEGIN { exit !(v > 0) }' ||
+      { echo "bench: $1: no usable time ($v)" >&2; return 1; }
+  done
   awk -v n="$1" -v a="$2" -v b="$3" -v u="$4" -v d="$5" 'BEGIN {
     printf "%s: ratio %.2f (ours %.*f %s, anchor %.*f %s)\n", n, a / b, d, a, u, d, b, u }'
+  printf '%s\t%s\t%s\t%s\t%s\n' "$1" "$2" "$3" "$4" "$5" >>"$lines"
 }
 
-nothing() { :; }
+# in_wine NAME PROGRAM OURS FLOOR UNIT DECIMALS [ARGS...]: a program that
+# times ours and its floor itself.
+in_wine() {
+  local name=$1 program=$2 ours_key=$3 floor_key=$4 unit=$5 decimals=$6 ours floor
+  shift 6
+  run_wine "$program" "$@"
+  ours=$(figure "$program" "$ours_key")
+  floor=$(figure "$program" "$floor_key")
+  report "$name" "$ours" "$floor" "$unit" "$decimals"
+}
 
-# --- shred_file, one pass over 256 MB, against dd and GNU shred -------------
-mb=256
-dir=$data/shred
-mkdir -p "$dir"
-fill() { dd if=/dev/zero of="$1" bs=1M count=$mb conv=fsync status=none; }
-ours_files=()
-for ((i = 1; i <= rounds; i++)); do
-  fill "$dir/ours$i.bin"
-  ours_files+=("C:\\wh\\bench\\shred\\ours$i.bin")
-done
-sync
-run_wine bench_shred_throughput "${ours_files[@]}"
-if [ -n "$(ls -A "$dir")" ]; then
-  echo "bench: shred_file left files behind in $dir: $(ls "$dir")" >&2
-  exit 1
-fi
-ours=$(figure bench_shred_throughput shred_file)
-
-# A shred ends by deleting the file: the plain write is timed with its rm.
-dd_write() { fill "$dir/dd.bin" && rm -f "$dir/dd.bin"; }
-dd_us=$(best_us nothing dd_write)
-report "shred_file vs dd" "$ours" "$(awk -v t="$dd_us" 'BEGIN { print t / 1e6 }')" s 3
-
-gnu_fill() { fill "$dir/gnu.bin"; sync; }
-gnu_us=$(best_us gnu_fill shred -n1 -u "$dir/gnu.bin")
-report "shred_file vs shred -n1 -u" "$ours" "$(awk -v t="$gnu_us" 'BEGIN { print t / 1e6 }')" s 3
-
-# --- Folder.Size of 50,000 files against du -sb -----------------------------
-# 500 folders of 100 files, two levels deep, 1 to 700 bytes each.
-tree=$data/tree
+# A tree of small files: FOLDERS folders two levels deep, FILES files each,
+# 1 to 700 bytes.
 make_tree() {
-  local f i n=0 sub pad
+  local root=$1 folders=$2 files=$3 f i n=0 sub pad
   printf -v pad '%700s' ''
   pad=${pad// /x}
-  for ((f = 0; f < 500; f++)); do
-    sub=$tree/d$((f % 8))/e$f
+  for ((f = 0; f < folders; f++)); do
+    sub=$root/d$((f % 8))/e$f
     mkdir -p "$sub"
-    for ((i = 0; i < 100; i++)); do
+    for ((i = 0; i < files; i++)); do
       printf '%s' "${pad:0:n % 700 + 1}" >"$sub/f$i.dat"
       n=$((n + 1))
     done
   done
 }
-make_tree
-run_wine bench_folder_size 'C:\wh\bench\tree'  # warms itself
-ours=$(figure bench_folder_size folder_size)
-du_sb() { du -sb "$tree" >/dev/null; }
-du_sb  # warm
-du_us=$(best_us nothing du_sb)
-report "Folder.Size vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
 
-# --- one LCD hover on screen against FillRect + TextOutA (both in Wine) -----
-run_wine bench_lcd_write
-report "LCD hover vs FillRect+TextOutA" "$(figure bench_lcd_write lcd_hover_screen)" \
-  "$(figure bench_lcd_write fill_textout_screen)" us 1
+# --- shred_file, one pass over 256 MB, against dd and GNU shred -------------
+sec_shred() {
+  local mb dir i ours_files=() plain_files=() ours floor dd_us gnu_us
+  mb=$(size 256 1)
+  dir=$data/shred
+  mkdir -p "$dir"
+  fill() { dd if=/dev/zero of="$1" bs=1M count="$mb" conv=fsync status=none; }
+  for ((i = 1; i <= rounds; i++)); do
+    fill "$dir/ours$i.bin"
+    fill "$dir/plain$i.bin"
+    ours_files+=("C:\\wh\\bench\\shred\\ours$i.bin")
+    plain_files+=("C:\\wh\\bench\\shred\\plain$i.bin")
+  done
+  sync
+  run_wine bench_shred_throughput "${ours_files[@]}" -- "${plain_files[@]}"
+  if [ -n "$(ls -A "$dir")" ]; then
+    echo "bench: shred_file left files behind in $dir: $(ls "$dir")" >&2
+    return 1
+  fi
+  ours=$(figure bench_shred_throughput shred_file)
+  floor=$(figure bench_shred_throughput plain_shred)
+  # A shred ends by deleting the file: the plain write is timed with its rm.
+  dd_write() { fill "$dir/dd.bin" && rm -f "$dir/dd.bin"; }
+  dd_us=$(best_us nothing dd_write)
+  report "shred_file vs dd" "$ours" "$(us_to "$dd_us" s)" s 3
+  gnu_fill() { fill "$dir/gnu.bin"; sync; }
+  gnu_us=$(best_us gnu_fill shred -n1 -u "$dir/gnu.bin")
+  report "shred_file vs shred -n1 -u" "$ours" "$(us_to "$gnu_us" s)" s 3
+  report "shred_file vs write+rename+delete (both in Wine)" "$ours" "$floor" s 3
+  rm -rf "$dir"
+}
+
+# --- Folder.Size of 50,000 files against du -sb ----------------------------
+# 500 folders of 100 files; clean_tree takes copies of the same tree.
+sec_folder_size() {
+  local tree=$data/tree du_us
+  make_tree "$tree" "$(size 500 8)" "$(size 100 10)"
+  run_wine bench_folder_size 'C:\wh\bench\tree'  # warms itself
+  du_sb() { du -sb "$tree" >/dev/null; }
+  du_sb  # warm
+  du_us=$(best_us nothing du_sb)
+  report "Folder.Size vs du -sb" "$(figure bench_folder_size folder_size)" "$(us_to "$du_us" ms)" ms 1
+  report "Folder.Size vs FindFirstFileA walk (both in Wine)" \
+    "$(figure bench_folder_size folder_size)" "$(figure bench_folder_size plain_walk)" ms 1
+}
 
 # --- the ini record reader on a 200,000-line win.ini against awk ------------
 # Lines of an ini file with commas and quoted records, CR LF ends; awk cuts
 # the same text at commas and line ends (without the quote rules).
-ini=$data/big.ini
-awk 'BEGIN { for (i = 0; i < 200000; i++)
-  printf "load=C:\\Apps\\p%d.exe;x.exe,\"C:\\q %d\\r.exe\",tail%d\r\n", i, i, i }' >"$ini"
-run_wine bench_ini_records 'C:\wh\bench\big.ini'
-ours=$(figure bench_ini_records ini_records)
-awk_cut() { awk 'BEGIN { RS = "[,\r\n]+" } END { print NR }' "$ini" >/dev/null; }
-awk_cut  # warm
-awk_us=$(best_us nothing awk_cut)
-report "ini records vs awk" "$ours" "$(awk -v t="$awk_us" 'BEGIN { print t / 1e3 }')" ms 1
+sec_ini() {
+  local ini=$data/big.ini awk_us
+  awk -v n="$(size 200000 2000)" 'BEGIN { for (i = 0; i < n; i++)
+    printf "load=C:\\Apps\\p%d.exe;x.exe,\"C:\\q %d\\r.exe\",tail%d\r\n", i, i, i }' >"$ini"
+  run_wine bench_ini_records 'C:\wh\bench\big.ini'
+  awk_cut() { awk 'BEGIN { RS = "[,\r\n]+" } END { print NR }' "$ini" >/dev/null; }
+  awk_cut  # warm
+  awk_us=$(best_us nothing awk_cut)
+  report "ini records vs awk" "$(figure bench_ini_records ini_records)" "$(us_to "$awk_us" ms)" ms 1
+  report "ini records vs ReadFile+cut loop (both in Wine)" \
+    "$(figure bench_ini_records ini_records)" "$(figure bench_ini_records plain_records)" ms 1
+  rm -f "$ini"
+}
 
 # --- split_file, 1 GB into 10 MB fragments, against GNU split -b 10M --------
 # Both cut the same file in the same folder; the fragments go between runs.
-dir=$data/split
-mkdir -p "$dir"
-dd if=/dev/urandom of="$dir/big.bin" bs=1M count=1024 status=none
-cat "$dir/big.bin" >/dev/null  # both start from a warm cache
-run_wine bench_split_file 'C:\wh\bench\split\big.bin' 10
-ours=$(figure bench_split_file split_file)
-unsplit() { find "$dir" -maxdepth 1 -type f ! -name big.bin -delete; }
-gnu_split() { (cd "$dir" && split -b 10M big.bin frag_); }
-gnu_us=$(best_us unsplit gnu_split)
-unsplit
-rm -f "$dir/big.bin"
-report "split_file vs split -b 10M" "$ours" "$(awk -v t="$gnu_us" 'BEGIN { print t / 1e6 }')" s 3
+sec_split() {
+  local dir=$data/split mb frag gnu_us
+  mb=$(size 1024 4)
+  frag=$(size 10 1)
+  mkdir -p "$dir"
+  dd if=/dev/urandom of="$dir/big.bin" bs=1M count="$mb" status=none
+  cat "$dir/big.bin" >/dev/null  # both start from a warm cache
+  run_wine bench_split_file 'C:\wh\bench\split\big.bin' "$frag"
+  unsplit() { find "$dir" -maxdepth 1 -type f ! -name big.bin -delete; }
+  gnu_split() { (cd "$dir" && split -b "${frag}M" big.bin frag_); }
+  gnu_us=$(best_us unsplit gnu_split)
+  report "split_file vs split -b ${frag}M" "$(figure bench_split_file split_file)" "$(us_to "$gnu_us" s)" s 3
+  report "split_file vs ReadFile/WriteFile loop (both in Wine)" \
+    "$(figure bench_split_file split_file)" "$(figure bench_split_file plain_split)" s 3
+  rm -rf "$dir"
+}
 
 # --- junk_scan with 100,000 files in the temporary folder, against du -sb ---
 # 100 folders of 1,000 files, 1 to 700 bytes each.
-temp=$data/temp
-python3 - "$temp" <<'PY'
-import os, sys
-root = sys.argv[1]
-n = 0
-for f in range(100):
-    d = os.path.join(root, "t%d" % f)
-    os.makedirs(d, exist_ok=True)
-    for i in range(1000):
-        with open(os.path.join(d, "f%d.tmp" % i), "wb") as out:
-            out.write(b"x" * (n % 700 + 1))
-        n += 1
-PY
-run_wine bench_junk_scan 'C:\wh\bench\temp'  # warms itself
-ours=$(figure bench_junk_scan junk_scan)
-du_temp() { du -sb "$temp" >/dev/null; }
-du_temp  # warm
-du_us=$(best_us nothing du_temp)
-report "junk_scan vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
-rm -rf "$temp"
+sec_junk_scan() {
+  local temp=$data/temp folders files f i n=0 pad du_us
+  folders=$(size 100 4)
+  files=$(size 1000 20)
+  printf -v pad '%700s' ''
+  pad=${pad// /x}
+  for ((f = 0; f < folders; f++)); do
+    mkdir -p "$temp/t$f"
+    for ((i = 0; i < files; i++)); do
+      printf '%s' "${pad:0:n % 700 + 1}" >"$temp/t$f/f$i.tmp"
+      n=$((n + 1))
+    done
+  done
+  run_wine bench_junk_scan 'C:\wh\bench\temp'  # warms itself
+  du_temp() { du -sb "$temp" >/dev/null; }
+  du_temp  # warm
+  du_us=$(best_us nothing du_temp)
+  report "junk_scan vs du -sb" "$(figure bench_junk_scan junk_scan)" "$(us_to "$du_us" ms)" ms 1
+  report "junk_scan vs FindFirstFileA walk (both in Wine)" \
+    "$(figure bench_junk_scan junk_scan)" "$(figure bench_junk_scan plain_scan)" ms 1
+  rm -rf "$temp"
+}
 
 # --- clean_tree of 50,000 files against rm -rf of the same tree -------------
-# The tree of Folder.Size above, copied afresh before each run of either.
-# A second copy goes by a plain FindFirstFileA/DeleteFileA walk in the same
-# program: what Wine itself needs for the same removals.
-copy=$data/clean
-plain=$data/plain
-fresh_copy() { rm -rf "$copy" && cp -a "$tree" "$copy" && sync; }
-lesser() { awk -v a="$1" -v b="$2" 'BEGIN { print (b == "" || a < b) ? a : b }'; }
-best= best_plain=
-for ((i = 0; i < rounds; i++)); do
-  fresh_copy
-  rm -rf "$plain" && cp -a "$tree" "$plain" && sync
-  run_wine bench_clean_tree 'C:\wh\bench\clean' 'C:\wh\bench\plain'
-  best=$(lesser "$(figure bench_clean_tree clean_tree)" "$best")
-  best_plain=$(lesser "$(figure bench_clean_tree plain_delete)" "$best_plain")
-done
-rm_us=$(best_us fresh_copy rm -rf "$copy")
-report "clean_tree vs rm -rf" "$best" "$(awk -v t="$rm_us" 'BEGIN { print t / 1e3 }')" ms 1
-report "clean_tree vs DeleteFileA walk (both in Wine)" "$best" "$best_plain" ms 1
-
-  "$(figure bench_lcd_write fill_textout)" us 1
+# The tree of Folder.Size, copied afresh before each run of either. A second
+# copy goes by a plain FindFirstFileA/DeleteFileA walk in the same program,
+# right after ours.
+sec_clean_tree() {
+  local tree=$data/tree copy=$data/clean plain=$data/plain best= floor= i rm_us
+  [ -d "$tree" ] || make_tree "$tree" "$(size 500 8)" "$(size 100 10)"
+  fresh_copy() { rm -rf "$copy" && cp -a "$tree" "$copy" && sync; }
+  lesser() { awk -v a="$1" -v b="$2" 'BEGIN { print (b == "" || a < b) ? a : b }'; }
+  for ((i = 0; i < rounds; i++)); do
+    fresh_copy
+    rm -rf "$plain" && cp -a "$tree" "$plain" && sync
+    run_wine bench_clean_tree 'C:\wh\bench\clean' 'C:\wh\bench\plain'
+    best=$(lesser "$(figure bench_clean_tree clean_tree)" "$best")
+    floor=$(lesser "$(figure bench_clean_tree plain_delete)" "$floor")
+  done
+  rm_us=$(best_us fresh_copy rm -rf "$copy")
+  report "clean_tree vs rm -rf" "$best" "$(us_to "$rm_us" ms)" ms 1
+  report "clean_tree vs DeleteFileA walk (both in Wine)" "$best" "$floor" ms 1
+  rm -rf "$tree" "$copy" "$plain"
+}
 
 # --- same-content search of 30,000 files against jdupes -r ------------------
 # 100 folders of 300 files in 1,000 sizes (600 to 7,593 bytes), so each size
 # has 30 equal files: the most files the finder takes, every one a candidate.
-dups=$data/dups
-make_dups() {
-  local d i g pad
+sec_duplicates() {
+  local dups=$data/dups folders files groups d i g pad jd_us
+  folders=$(size 100 4)
+  files=$(size 300 30)
+  groups=$(size 1000 10)
   printf -v pad '%8000s' ''
   pad=${pad// /d}
-  for ((d = 0; d < 100; d++)); do
+  for ((d = 0; d < folders; d++)); do
     mkdir -p "$dups/f$d"
-    for ((i = 0; i < 300; i++)); do
-      g=$(((d * 300 + i) % 1000))
+    for ((i = 0; i < files; i++)); do
+      g=$(((d * files + i) % groups))
       printf '%s' "${pad:0:600 + 7 * g}" >"$dups/f$d/n$i.bin"
     done
   done
+  run_wine bench_duplicates_scan 'C:\wh\bench\dups'  # warms itself
+  jd() { jdupes -r -q "$dups" >/dev/null; }
+  jd  # warm
+  jd_us=$(best_us nothing jd)
+  report "duplicate search vs jdupes -r" "$(figure bench_duplicates_scan dup_scan)" "$(us_to "$jd_us" s)" s 3
+  report "duplicate search vs FindFirstFileA+open+2 reads (both in Wine)" \
+    "$(figure bench_duplicates_scan dup_scan)" "$(figure bench_duplicates_scan plain_samples)" s 3
+  rm -rf "$dups"
 }
-make_dups
-run_wine bench_duplicates_scan 'C:\wh\bench\dups'  # warms itself
-ours=$(figure bench_duplicates_scan dup_scan)
-jd() { jdupes -r -q "$dups" >/dev/null; }
-jd  # warm
-jd_us=$(best_us nothing jd)
-report "duplicate search vs jdupes -r" "$ours" "$(awk -v t="$jd_us" 'BEGIN { print t / 1e6 }')" s 3
-rm -rf "$dups"
 
 # --- afisdirs of a root holding 200,000 files against du -sb ----------------
 # 20 top folders of 50 folders of 200 files, 1 to 700 bytes; the tree is
 # drive T: of the prefix, so the listing is a root's.
-big=$data/big
-make_big() {
-  local t f i n=0 sub pad
+sec_disk_root() {
+  local big=$data/big tops subs files t f i n=0 sub pad du_us
+  tops=$(size 20 2)
+  subs=$(size 50 3)
+  files=$(size 200 10)
   printf -v pad '%700s' ''
   pad=${pad// /x}
-  for ((t = 0; t < 20; t++)); do
-    for ((f = 0; f < 50; f++)); do
+  for ((t = 0; t < tops; t++)); do
+    for ((f = 0; f < subs; f++)); do
       sub=$big/t$t/f$f
       mkdir -p "$sub"
-      for ((i = 0; i < 200; i++)); do
+      for ((i = 0; i < files; i++)); do
         printf '%s' "${pad:0:n % 700 + 1}" >"$sub/$i.dat"
         n=$((n + 1))
       done
     done
   done
+  run_wine bench_disk_root 'T:\'  # warms itself
+  du_big() { du -sb "$big" >/dev/null; }
+  du_big  # warm
+  du_us=$(best_us nothing du_big)
+  report "afisdirs of a root vs du -sb" "$(figure bench_disk_root afisdirs_root)" "$(us_to "$du_us" ms)" ms 1
+  report "afisdirs of a root vs FindFirstFileA walk (both in Wine)" \
+    "$(figure bench_disk_root afisdirs_root)" "$(figure bench_disk_root plain_root)" ms 1
+  find "$big" -mindepth 1 -delete
 }
-make_big
-ln -sfn "$big" "$WINEPREFIX/dosdevices/t:"
-run_wine bench_disk_root 'T:\'  # warms itself
-ours=$(figure bench_disk_root afisdirs_root)
-du_big() { du -sb "$big" >/dev/null; }
-du_big  # warm
-du_us=$(best_us nothing du_big)
-report "afisdirs of a root vs du -sb" "$ours" "$(awk -v t="$du_us" 'BEGIN { print t / 1e3 }')" ms 1
-rm -f "$WINEPREFIX/dosdevices/t:"
-
-# --- load_url_cache_list over 5,000 history entries -------------------------
-# No native tool reads Wine's URL cache: the anchor is a walk of the same
-# cache with one fixed buffer, in the same program.
-run_wine bench_url_cache 'C:\wh\bench' 5000
-report "load_url_cache_list vs FindNextUrlCacheEntryA walk (both in Wine)" \
-  "$(figure bench_url_cache url_cache)" "$(figure bench_url_cache plain_walk)" ms 1
 
 # --- one monitor tick against reading /proc/stat and /proc/meminfo ----------
 # Ours: drive line, memory, CPU sample and four panel lines, per tick; the
 # anchor: one read of each file by a native process, per read, 500 times.
-run_wine bench_monitor_tick
-ours=$(figure bench_monitor_tick monitor_tick)
-proc_reads() { for ((k = 0; k < 500; k++)); do read -r _ </proc/stat; read -r _ </proc/meminfo; done; }
-proc_us=$(best_us nothing proc_reads)
-report "monitor tick vs /proc/stat+meminfo reads" "$ours" "$(awk -v t="$proc_us" 'BEGIN { print t / 500 }')" us 1
+sec_monitor() {
+  local k proc_us
+  run_wine bench_monitor_tick "$(size 500 20)" "$(size 5 1)"
+  proc_reads() { for ((k = 0; k < 500; k++)); do read -r _ </proc/stat; read -r _ </proc/meminfo; done; }
+  proc_us=$(best_us nothing proc_reads)
+  report "monitor tick vs /proc/stat+meminfo reads" "$(figure bench_monitor_tick monitor_tick)" \
+    "$(awk -v t="$proc_us" 'BEGIN { print t / 500 }')" us 1
+  report "monitor tick vs plain queries+TextOutA (both in Wine)" \
+    "$(figure bench_monitor_tick monitor_tick)" "$(figure bench_monitor_tick plain_tick)" us 1
+}
 
 # --- the installed-programs scan of 1000 entries, against awk ---------------
 # The program writes 1000 Uninstall entries with their folders, times the
 # scan (registry walk, folder inference, memory file) and writes the same
 # entries as text. The anchor reads that text and the folder listing, keeps
 # the names whose folder exists and writes them as the memory file.
-dir=$data/uninst
-mkdir -p "$dir"
-run_wine bench_uninstall_scan 'C:\wh\bench\uninst'
-ours=$(figure bench_uninstall_scan uninstall_scan)
-awk_scan() {
-  find "$dir" -mindepth 1 -maxdepth 1 -type d -printf '%f\n' |
-    awk -F'\t' 'NR == FNR { d[$1] = 1; next } { n = split($3, a, "\\"); if (a[n] in d) print $2 }
-      ' /dev/stdin "$dir/entries.txt" >"$dir/apps"
+sec_uninstall() {
+  local dir=$data/uninst awk_us
+  mkdir -p "$dir"
+  run_wine bench_uninstall_scan 'C:\wh\bench\uninst' "$(size 1000 20)"
+  awk_scan() {
+    find "$dir" -mindepth 1 -maxdepth 1 -type d -printf '%f\n' |
+      awk -F'\t' 'NR == FNR { d[$1] = 1; next } { n = split($3, a, "\\"); if (a[n] in d) print $2 }
+        ' /dev/stdin "$dir/entries.txt" >"$dir/apps"
+  }
+  awk_scan  # warm
+  awk_us=$(best_us nothing awk_scan)
+  report "uninstall_scan vs awk" "$(figure bench_uninstall_scan uninstall_scan)" "$(us_to "$awk_us" ms)" ms 1
+  report "uninstall_scan vs RegEnumKeyExA walk (both in Wine)" \
+    "$(figure bench_uninstall_scan uninstall_scan)" "$(figure bench_uninstall_scan plain_scan)" ms 1
+  rm -rf "$dir"
 }
-awk_scan  # warm
-awk_us=$(best_us nothing awk_scan)
-report "uninstall_scan vs awk" "$ours" "$(awk -v t="$awk_us" 'BEGIN { print t / 1e3 }')" ms 1
-rm -rf "$dir"
 
 # --- scan_index_file over 64 MB of random bytes, against grep -a -o ---------
 # An address every 64 KB among the noise; grep looks for the same scheme
 # words up to a blank. Times, so a ratio of 2.00 is half grep's throughput.
-index=$data/index.dat
-python3 - "$index" <<'PY'
-import random, sys
-random.seed(17)
-data = bytearray(random.randbytes(64 << 20))
-for n, at in enumerate(range(1000, len(data) - 100, 65536)):
-    url = b" http://www.example%d.com/page/%d.html " % (n % 97, n)
-    data[at:at + len(url)] = url
-open(sys.argv[1], "wb").write(data)
-PY
-run_wine bench_url_scan 'C:\wh\bench\index.dat'
-ours=$(figure bench_url_scan scan_index_file)
-# Into a file: with its output on /dev/null grep stops at the first match.
-grep_urls() { grep -a -o -E '([Cc][Oo][Oo][Kk][Ii][Ee]|file|http|hcp|ftp):[^ ]*' "$index" >"$index.txt"; }
-grep_urls  # warm
-grep_us=$(best_us nothing grep_urls)
-report "scan_index_file vs grep -a -o" "$ours" "$(awk -v t="$grep_us" 'BEGIN { print t / 1e3 }')" ms 1
-rm -f "$index" "$index.txt"
+sec_url_scan() {
+  local index=$data/index.dat grep_us
+  head -c "$(size 64 1)M" /dev/urandom >"$index"
+  awk -v size="$(stat -c %s "$index")" 'BEGIN {
+    for (n = 0; 1000 + n * 65536 < size - 100; n++)
+      printf "%d %s\n", 1000 + n * 65536, sprintf(" http://www.example%d.com/page/%d.html ", n % 97, n) }' |
+    while read -r at url; do printf '%s' " $url " | dd of="$index" bs=1 seek="$at" conv=notrunc status=none; done
+  run_wine bench_url_scan 'C:\wh\bench\index.dat'
+  # Into a file: with its output on /dev/null grep stops at the first match.
+  grep_urls() { grep -a -o -E '([Cc][Oo][Oo][Kk][Ii][Ee]|file|http|hcp|ftp):[^ ]*' "$index" >"$index.txt"; }
+  grep_urls  # warm
+  grep_us=$(best_us nothing grep_urls)
+  report "scan_index_file vs grep -a -o" "$(figure bench_url_scan scan_index_file)" "$(us_to "$grep_us" ms)" ms 1
+  report "scan_index_file vs ReadFile+search loop (both in Wine)" \
+    "$(figure bench_url_scan scan_index_file)" "$(figure bench_url_scan plain_scan)" ms 1
+  rm -f "$index" "$index.txt"
+}
+
+# --- figures that a program measures alone, ours and its floor in Wine -----
+sec_in_wine() {
+  # Clear and five lines on the shown panel, against a fill and five
+  # TextOutA on the same shown window, each put on the screen at once.
+  in_wine "LCD hover vs FillRect+TextOutA (both in Wine)" bench_lcd_write lcd_hover_screen \
+    fill_textout_screen us 1 "$(size 2000 50)" "$(size 5 1)"
+  # No native tool reads Wine's URL cache: the program fills it and walks
+  # it with one fixed buffer.
+  in_wine "load_url_cache_list vs FindNextUrlCacheEntryA walk (both in Wine)" bench_url_cache \
+    url_cache plain_walk ms 1 'C:\wh\bench' "$(size 5000 50)"
+}
+
+sections=(sec_shred sec_folder_size sec_ini sec_split sec_junk_scan sec_clean_tree
+          sec_duplicates sec_disk_root sec_monitor sec_uninstall sec_url_scan sec_in_wine)
+
+failed=()
+for s in "${sections[@]}"; do
+  # A subshell of its own, where a failing command ends the section (not
+  # the run: errexit is off in anything tested by if or ||).
+  set +e
+  (set -e; "$s")
+  rc=$?
+  set -e
+  ((rc == 0)) || failed+=("$s")
+done
+
+# The table, then what did not come.
+echo
+awk -F'\t' 'BEGIN { printf "%-66s %14s %14s %7s\n", "figure", "ours", "anchor", "ratio" }
+  { printf "%-66s %12.*f %-2s %12.*f %-2s %7.2f\n", $1, $5, $2, $4, $5, $3, $4, $2 / $3 }' "$lines"
+missing=()
+while IFS= read -r name; do
+  cut -f1 "$lines" | grep -qxF -- "$name" || missing+=("$name")
+done < <(grep -oE '^ *(report|in_wine) "[^"$]+"' "$0" | sed -E 's/^ *(report|in_wine) "//; s/"$//')
+# A line whose name is made at run time ("split -b ${frag}M") is checked by count.
+expected=$(grep -cE '^ *(report|in_wine) "[^$]' "$0")
+got=$(wc -l <"$lines")
+if ((${#failed[@]})) || ((${#missing[@]})) || ((got < expected)); then
+  echo "bench: failed sections: ${failed[*]:-none}" >&2
+  ((${#missing[@]} == 0)) || printf 'bench: missing line: %s\n' "${missing[@]}" >&2
+  echo "bench: $got of $expected lines" >&2
+  exit 1
+fi

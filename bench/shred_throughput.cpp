@@ -1,12 +1,17 @@
 // Shredding throughput: one pass over a 256 MB file.
-//   bench_shred_throughput FILE...          shreds the given files, one pass
+//   bench_shred_throughput FILE... [-- PLAIN...]
+//                                           shreds the given files, one pass
 //                                           each (bench/run.sh makes them and
-//                                           times native tools on the same disk)
+//                                           times native tools on the same disk);
+//                                           the files after "--" go by the
+//                                           plain loop: its floor
 //   bench_shred_throughput [FOLDER] [MB]    makes its own file in FOLDER (C:\)
 //                                           and compares with plain writes
 // A shred ends by deleting the file, so the fair baseline inside Wine is a
 // plain write followed by a delete; the bare write is shown too. Prints
-// "figure shred_file <seconds> s", the best time of one shred_file call.
+// "figure shred_file <seconds> s", the best time of one shred_file call, and
+// with files after "--" "figure plain_shred": the best of the plain loop,
+// one pass of 1 MiB writes over the file, a flush, a rename and a delete.
 #include <windows.h>
 
 #include "bench_clock.h"
@@ -53,20 +58,39 @@ int64_t file_bytes(const std::string& path) {
   return (static_cast<int64_t>(d.nFileSizeHigh) << 32) | d.nFileSizeLow;
 }
 
+// The floor of one pass: what a plain program does to overwrite a file once
+// and make it go.
+double plain_shred(const std::string& path) {
+  const int64_t bytes = file_bytes(path);
+  if (bytes < 0) return -1;
+  const double t0 = bench::seconds();
+  if (!plain_write(path, bytes, 'x')) return -1;
+  const std::string renamed = path + ".gone";
+  MoveFileA(path.c_str(), renamed.c_str());
+  DeleteFileA(renamed.c_str());
+  return bench::seconds() - t0;
+}
+
 int shred_given(int count, char** files) {
-  double best = 1e300;
+  double best = 1e300, floor = 1e300;
+  bool plain = false;
   for (int i = 0; i < count; ++i) {
+    if (std::string(files[i]) == "--") {
+      plain = true;
+      continue;
+    }
     const int64_t bytes = file_bytes(files[i]);
-    const double t = timed_shred(files[i]);
+    const double t = plain ? plain_shred(files[i]) : timed_shred(files[i]);
     if (bytes < 0 || t < 0) {
       std::printf("cannot shred %s\n", files[i]);
       return 1;
     }
-    std::printf("%s: %.1f MB in %.3f s, %.1f MB/s\n", files[i], bytes / 1048576.0, t,
-                bytes / 1048576.0 / t);
-    best = std::min(best, t);
+    std::printf("%s%s: %.1f MB in %.3f s, %.1f MB/s\n", plain ? "plain loop, " : "", files[i],
+                bytes / 1048576.0, t, bytes / 1048576.0 / t);
+    (plain ? floor : best) = std::min(plain ? floor : best, t);
   }
   std::printf("figure shred_file %.6f s\n", best);
+  if (plain) std::printf("figure plain_shred %.6f s\n", floor);
   return 0;
 }
 

@@ -8,6 +8,8 @@ pkgs=(cmake make g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
 [ "${1:-}" = fuzz ] && pkgs=(cmake make clang-14 libclang-rt-14-dev)
 # "deps.sh package": what scripts/package.sh needs on top (NSIS, zip).
 [ "${1:-}" = package ] && pkgs=(nsis zip unzip)
+# "deps.sh bench": the native anchor bench/run.sh needs beyond coreutils.
+[ "${1:-}" = bench ] && pkgs=(jdupes)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
