@@ -140,7 +140,7 @@ void JunkPage::junk_scan() {
       const std::string name = k1.List(i);
       if (excluded(name)) continue;
       ignore([&] {
-        const double length = file_length(prefix + name);
+        const double length = k1.Length(i);  // from the listing, not a call per file
         category_size += length;
         put_item(junk_file_items, ++file_count, JunkItem{prefix + name, length});
       });

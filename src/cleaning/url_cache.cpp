@@ -2,6 +2,8 @@
 
 #include <wininet.h>
 
+#include <algorithm>
+
 #include "platform/url_cache.h"
 #include "ui/list_box.h"
 
@@ -51,22 +53,28 @@ void add_entry(const MemoryBlock& block, DWORD size, ListBox& junk_files) {
 
 void load_url_cache_list(ListBox& junk_files) {
   MemoryBlock block;
-  // Each entry is asked for twice: first its size (the call fails by
-  // design), then its data.
+  DWORD room = 0;  // what the block holds: it keeps no size of its own
+  // Each entry is read into the block as it stands. Only one that does not
+  // fit comes back with its size (122, the entry not taken), and is read
+  // again into a block made for it. Under Wine every call walks the cache
+  // index, so asking each entry's size first doubled the walk.
+  auto read = [&](HANDLE search, DWORD& size) -> HANDLE {
+    for (;;) {
+      size = room;
+      const HANDLE found = search ? (find_next_url_cache_entry(search, block.Handle(), size)
+                                         ? search
+                                         : nullptr)
+                                  : find_first_url_cache_entry(block.Handle(), size);
+      if (found || GetLastError() != ERROR_INSUFFICIENT_BUFFER || size <= room) return found;
+      room = std::max<DWORD>(size, 4096);
+      block.Allocate(room);
+    }
+  };
   DWORD size = 0;
-  find_first_url_cache_entry(nullptr, size);
-  if (size == 0) return;  // an empty cache
-  block.Allocate(size);
-  HANDLE search = find_first_url_cache_entry(block.Handle(), size);
+  HANDLE search = read(nullptr, size);
+  if (!search) return;  // an empty cache
   add_entry(block, size, junk_files);
-  while (search) {
-    size = 0;
-    find_next_url_cache_entry(search, nullptr, size);
-    if (size == 0) break;
-    block.Allocate(size);
-    find_next_url_cache_entry(search, block.Handle(), size);
-    add_entry(block, size, junk_files);
-  }
+  while (read(search, size)) add_entry(block, size, junk_files);
   find_close_url_cache(search);
 }
 

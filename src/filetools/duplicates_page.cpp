@@ -1,7 +1,6 @@
 #include "filetools/duplicates_page.h"
 
 #include <optional>
-#include <unordered_map>
 
 #include "core/globals.h"
 #include "core/routines.h"
@@ -440,24 +439,17 @@ void DuplicatesPage::walk(const std::string& folder, bool sizes) {
   dupprogress.Caption(fso.GetBaseName(folder));
   // An unreadable folder is passed over with its subfolders.
   if (ignore_errors([&] { k1.Path(folder); }) != 0) return;
-  // One listing gives the lengths and the subfolders: no call per file.
-  std::vector<File> files;
+  // The lengths come with k1's own listing: no call per file.
   std::vector<Folder> subfolders;
-  Folder(folder).Entries(files, subfolders);
+  Folder(folder).SubFolders(subfolders);
   std::string prefix = folder + "\\";  // a root's files get "C:\\name"
   const int n = k1.ListCount();
-  std::unordered_map<std::string, double> lengths;
-  if (sizes)
-    for (const File& f : files) lengths.emplace(ucase(f.Name), f.Size);
   for (int i = 0; i < n; ++i) {
     const std::string name = k1.List(i);
     FoundFile f;
     f.path = prefix + name;
     f.key = ucase(name);
-    if (sizes) {
-      auto it = lengths.find(f.key);
-      if (it != lengths.end()) f.size = it->second;
-    }
+    if (sizes) f.size = k1.Length(i);
     table.push_back(std::move(f));
     // A turn of the event loop per file costs more than the file itself
     // under Wine: one every few ticks keeps the window as lively.

@@ -165,6 +165,9 @@ int delete_one_file(const std::string& path, DWORD attributes, bool force) {
 }
 
 int delete_tree(const std::string& path, DWORD attributes, bool force) {
+  // An empty folder goes without a listing: a walk that emptied it file by
+  // file (the junk cleaner) pays one call, not a listing, per folder.
+  if (!(attributes & kProtected) && RemoveDirectoryA(path.c_str())) return rt_ok;
   // A junction or symbolic link goes as a link: never walk into its target.
   if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) {
     std::vector<WIN32_FIND_DATAA> entries;
@@ -527,6 +530,12 @@ int FileSystemObject::DeleteFolder(const std::string& pattern, bool force) const
   // A trailing backslash names the folder itself; a bare root is never a match.
   std::string s = strip_trailing_seps(pattern);
   if (split(s).name.empty()) return rt_path_not_found;
+  // One named folder needs no listing of its parent.
+  if (!has_wildcards(split(s).name)) {
+    const DWORD a = GetFileAttributesA(s.c_str());
+    if (a == INVALID_FILE_ATTRIBUTES || !(a & FILE_ATTRIBUTE_DIRECTORY)) return rt_path_not_found;
+    return delete_tree(s, a, force);
+  }
   std::string folder = pattern_folder(s);
   auto found = matches(s, true);
   if (found.empty()) return rt_path_not_found;

@@ -9,6 +9,9 @@
 namespace wh {
 
 namespace {
+// The item data of a row whose length it cannot hold (a 32-bit build).
+constexpr ULONG_PTR kNoLength = ~ULONG_PTR{0} >> 1;
+
 // The full form of `path`, without a closing backslash except on a root.
 std::string full_path(const std::string& path) {
   char buf[MAX_PATH * 2];
@@ -86,12 +89,27 @@ void FileListBox::Refresh() {
                            FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE;
       if (!(a & marked) && !Normal) continue;
       if (!seen.insert(upper(fd.cFileName)).second) continue;
-      send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(fd.cFileName));
+      const LRESULT row = send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(fd.cFileName));
+      const ULONGLONG length = (static_cast<ULONGLONG>(fd.nFileSizeHigh) << 32) | fd.nFileSizeLow;
+      if (row >= 0)
+        send(LB_SETITEMDATA, static_cast<WPARAM>(row),
+             length < kNoLength ? static_cast<LPARAM>(length) : static_cast<LPARAM>(kNoLength));
     } while (::FindNextFileA(h, &fd));
     ::FindClose(h);
   }
   ::SendMessageA(hwnd(), WM_SETREDRAW, TRUE, 0);
   ::InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+double FileListBox::Length(int index) const {
+  check_row(index);
+  const auto kept = static_cast<ULONG_PTR>(send(LB_GETITEMDATA, static_cast<WPARAM>(index)));
+  if (kept != kNoLength) return static_cast<double>(kept);
+  std::string path = path_;
+  if (path.back() != '\\') path += '\\';
+  WIN32_FILE_ATTRIBUTE_DATA d;
+  if (!::GetFileAttributesExA((path + List(index)).c_str(), GetFileExInfoStandard, &d)) return 0;
+  return static_cast<double>(d.nFileSizeHigh) * 4294967296.0 + d.nFileSizeLow;
 }
 
 std::string FileListBox::FileName() const {

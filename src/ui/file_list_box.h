@@ -27,6 +27,11 @@ public:
   void Refresh();
   // The current row's name, "" when none.
   std::string FileName() const;
+  // A row's length in bytes as the listing found it, kept in the row's item
+  // data: a walk needs no call per file for it. Asked of the file itself
+  // when the row could not hold it; 0 when the file is gone. 381 outside
+  // the rows.
+  double Length(int index) const;
 
   Event PathChange, PatternChange;
 

@@ -95,6 +95,25 @@ TEST(UrlCache, ListGainsEveryEntryInWalkOrderAfterWhatItHeld) {
   EXPECT_EQ(walked, rows(list, 1));
   for (const std::string& url : kUrls)
     EXPECT_NE(walked.end(), std::find(walked.begin(), walked.end(), url)) << url;
+  // An entry larger than any before it (long headers: Wine's cache takes
+  // no address of 2 KB) is read whole, and the walk goes on.
+  const std::string big = "http://www.example.com/big.html";
+  const std::string headers = "X-Pad: " + std::string(6000, 'q') + "\r\n";
+  FILETIME ft{};
+  ASSERT_TRUE(CommitUrlCacheEntryA(big.c_str(), nullptr, ft, ft, NORMAL_CACHE_ENTRY,
+                                   reinterpret_cast<BYTE*>(const_cast<char*>(headers.data())),
+                                   static_cast<DWORD>(headers.size()), nullptr, nullptr));
+  DWORD need = 0;
+  GetUrlCacheEntryInfoA(big.c_str(), nullptr, &need);
+  ASSERT_GT(need, 4096u) << "the entry must outgrow the first block";
+  {
+    ListBox& more = form.add<ListBox>("more", Place{0, 0, 200, 200});
+    load_url_cache_list(more);
+    EXPECT_EQ(cache_urls(), rows(more));
+    EXPECT_NE(LB_ERR, more.send(LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                reinterpret_cast<LPARAM>(big.c_str())));
+  }
+  DeleteUrlCacheEntryA(big.c_str());
   // Doubles are not weeded out: a second walk appends everything again.
   load_url_cache_list(list);
   EXPECT_EQ(static_cast<int>(1 + 2 * walked.size()), list.ListCount());

@@ -105,6 +105,17 @@ TEST(FsoDelete, FolderGoesWithItsWholeTreeReadOnlyOnlyByForce) {
   EXPECT_TRUE(path_exists(dir / "guarded\\sub\\ro.txt"));
   EXPECT_EQ(rt_ok, fso.DeleteFolder(dir / "guarded", true));
   EXPECT_FALSE(path_exists(dir / "guarded"));
+  // An empty folder goes in one step, but read-only still only by force.
+  const std::string bare = dir.folder("bare");
+  SetFileAttributesA(bare.c_str(), FILE_ATTRIBUTE_READONLY);
+  if (GetFileAttributesA(bare.c_str()) & FILE_ATTRIBUTE_READONLY) {
+    EXPECT_EQ(rt_permission_denied, fso.DeleteFolder(bare, false));
+    EXPECT_TRUE(path_exists(bare));
+  }
+  EXPECT_EQ(rt_ok, fso.DeleteFolder(bare, true));
+  EXPECT_FALSE(path_exists(bare));
+  EXPECT_EQ(rt_ok, fso.DeleteFolder(dir.folder("plain"), false));
+  EXPECT_FALSE(path_exists(dir / "plain"));
 
   // A wildcard takes the matching folders only, never a file.
   dir.file("tmp1\\x.txt", "x");

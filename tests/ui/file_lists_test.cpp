@@ -40,6 +40,22 @@ TEST_F(FileLists, PatternsMatchSortedWithoutCaseAndOnce) {
   EXPECT_EQ((std::vector<std::string>{"A.TMP", "b.tmp", "c.bak", "locked.tmp"}), rows(files));
 }
 
+TEST_F(FileLists, RowsKeepTheLengthsTheListingFound) {
+  // Added in another order than they sort, so that each insert moves rows.
+  dir.file("m.log", std::string(300, 'm'));
+  dir.file("a.log", std::string(5, 'a'));
+  dir.file("z.log", std::string(70000, 'z'));
+  dir.file("B.log", "");
+  files.Path(root);
+  files.Pattern("*.log");
+  ASSERT_EQ((std::vector<std::string>{"a.log", "B.log", "m.log", "z.log"}), rows(files));
+  EXPECT_EQ(5, files.Length(0));
+  EXPECT_EQ(0, files.Length(1));
+  EXPECT_EQ(300, files.Length(2));
+  EXPECT_EQ(70000, files.Length(3));
+  EXPECT_EQ(381, error_of([&] { files.Length(4); }));
+}
+
 TEST_F(FileLists, HiddenAndSystemFilesShowOnlyWhenAsked) {
   ASSERT_TRUE(has_attribute(".hidden.tmp", FILE_ATTRIBUTE_HIDDEN));
   files.Path(root);
