@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/fso.h"
 #include "platform/rt_error.h"
 #include "ui/events.h"
 #include "ui/internal.h"
@@ -51,7 +52,7 @@ void DirListBox::Refresh() {
        at = path_.find('\\', at + 1))
     ancestors_.push_back(path_.substr(0, at == 2 ? 3 : at));
   WIN32_FIND_DATAA fd;
-  HANDLE h = ::FindFirstFileA(join(path_, "*").c_str(), &fd);
+  HANDLE h = find_first_file(join(path_, "*"), fd);
   if (h != INVALID_HANDLE_VALUE) {
     do {
       if (!(fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) continue;

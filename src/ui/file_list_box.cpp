@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "platform/fso.h"
 #include "platform/rt_error.h"
 #include "ui/events.h"
 #include "ui/internal.h"
@@ -76,7 +77,7 @@ void FileListBox::Refresh() {
     while (!mask.empty() && mask.back() == ' ') mask.pop_back();
     if (mask.empty()) continue;
     WIN32_FIND_DATAA fd;
-    HANDLE h = ::FindFirstFileA((dir + mask).c_str(), &fd);
+    HANDLE h = find_first_file(dir + mask, fd);
     if (h == INVALID_HANDLE_VALUE) continue;
     do {
       DWORD a = fd.dwFileAttributes;
