@@ -24,6 +24,9 @@ int main(int argc, char** argv) {
   wh::language_flag = 1;
   bench::BenchForm form;
   wh::DiskPage page(form);
+  // Shown, as the section shows its lists while they fill.
+  form.Show();
+  page.Frame5.Visible(true);
   const std::string root = argv[1];
   page.back.Caption(root);
   page.rescan = true;

@@ -23,6 +23,7 @@ void explore(HWND owner, const std::string& folder) {
 }
 
 void add_lines(ListBox& list, const std::vector<std::string>& lines) {
+  ListBox::Batch batch(list);
   for (const std::string& line : lines) list_add_wide(list, line);
 }
 

@@ -73,6 +73,7 @@ void load_url_cache_list(ListBox& junk_files) {
   DWORD size = 0;
   HANDLE search = read(nullptr, size);
   if (!search) return;  // an empty cache
+  ListBox::Batch batch(junk_files);
   add_entry(block, size, junk_files);
   while (read(search, size)) add_entry(block, size, junk_files);
   find_close_url_cache(search);

@@ -13,6 +13,7 @@
 #include "platform/fso.h"
 #include "platform/registry.h"
 #include "platform/rt_error.h"
+#include "ui/list_box.h"
 
 namespace wh {
 
@@ -41,7 +42,9 @@ void scan_into(const std::string& path, UrlScanner scanner, std::vector<std::str
 }
 
 void scan_to_list(ListBox& junk_files, const std::string& path, UrlScanner scanner) {
-  for (const std::string& line : scan_url_file(path, scanner)) list_add_wide(junk_files, line);
+  const std::vector<std::string> lines = scan_url_file(path, scanner);
+  ListBox::Batch batch(junk_files);
+  for (const std::string& line : lines) list_add_wide(junk_files, line);
 }
 
 // The values named by the letters of a key's MRUList, in its order.

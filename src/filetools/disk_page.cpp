@@ -175,12 +175,18 @@ void DiskPage::afisdirs(const std::string& given, bool select_saved) {
     total_ += f.Size;
   }
   sort_by_size(files);
-  for (auto& e : files) listfile.AddItem(entry_line(e.name, spatiuu(e.size)));
-  if (!root) list.AddItem("[..]");
-  sort_by_size(folders);
-  for (auto& e : folders) {
-    list.AddItem(entry_line(e.name, spatiuu(e.size)));
-    list.ItemData(list.ListCount() - 1, e.size < kBigFolder ? 1 : 0);
+  {
+    ListBox::Batch batch(listfile);
+    for (auto& e : files) listfile.AddItem(entry_line(e.name, spatiuu(e.size)));
+  }
+  {
+    ListBox::Batch batch(list);
+    if (!root) list.AddItem("[..]");
+    sort_by_size(folders);
+    for (auto& e : folders) {
+      list.AddItem(entry_line(e.name, spatiuu(e.size)));
+      list.ItemData(list.ListCount() - 1, e.size < kBigFolder ? 1 : 0);
+    }
   }
   if (select_saved && depth < stack.size()) {
     // Selected and let go: the line keeps the focus rectangle.

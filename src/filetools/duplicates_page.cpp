@@ -416,12 +416,11 @@ void DuplicatesPage::Image37_Click() {
       },
   };
   DupRuns runs(table, by_content, form_.totalwaist, english(), sink);
-  // Wine redraws a shown list's scroll bar at every added line: the lines
-  // go in unseen and show at once.
-  duplicates.send(WM_SETREDRAW, FALSE);
-  const int failed = ignore_errors([&] { runs.walk(); });
-  duplicates.send(WM_SETREDRAW, TRUE);
-  ::InvalidateRect(duplicates.hwnd(), nullptr, TRUE);
+  int failed = 0;
+  {
+    ListBox::Batch batch(duplicates);
+    failed = ignore_errors([&] { runs.walk(); });
+  }
   if (total) label19.Caption(*total);
   if (failed) raise(failed);
   if (duplicates.ListCount() > 0)

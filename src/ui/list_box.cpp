@@ -74,7 +74,7 @@ void ListBox::List(int index, const std::string& text) {
   LRESULT data = send(LB_GETITEMDATA, index);
   bool selected = send(LB_GETSEL, index) > 0;
   int top = TopIndex();
-  ::SendMessageA(hwnd(), WM_SETREDRAW, FALSE, 0);
+  Batch batch(*this);
   send(LB_DELETESTRING, index);
   // Inserting keeps the place even in a sorted list, as the row is replaced.
   send(LB_INSERTSTRING, index, reinterpret_cast<LPARAM>(text.c_str()));
@@ -86,8 +86,16 @@ void ListBox::List(int index, const std::string& text) {
       send(LB_SETCURSEL, index);
   }
   send(LB_SETTOPINDEX, top);
-  ::SendMessageA(hwnd(), WM_SETREDRAW, TRUE, 0);
-  ::InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+ListBox::Batch::Batch(ListBox& list) : list_(list) {
+  if (list_.batch_depth_++ == 0) list_.send(WM_SETREDRAW, FALSE);
+}
+
+ListBox::Batch::~Batch() {
+  if (--list_.batch_depth_ > 0) return;
+  list_.send(WM_SETREDRAW, TRUE);
+  ::InvalidateRect(list_.hwnd(), nullptr, TRUE);
 }
 
 long ListBox::ItemData(int index) const {

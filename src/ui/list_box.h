@@ -56,6 +56,20 @@ public:
   std::string ToolTipText() const { return tip_text_; }
   void ToolTipText(const std::string& text);
 
+  // Rows added while a Batch lives show at once when it ends: under Wine a
+  // shown list otherwise redraws its scroll bar at every added row, a trip
+  // to the X server each (a thousand rows took seconds). Batches nest.
+  class Batch {
+  public:
+    explicit Batch(ListBox& list);
+    ~Batch();
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+  private:
+    ListBox& list_;
+  };
+
   KeyEvent KeyDown;
   KeyPressEvent KeyPress;
   Event GotFocus;
@@ -77,6 +91,7 @@ protected:
 
 private:
   bool current_set_ = false;
+  int batch_depth_ = 0;
   HWND tip_window_ = nullptr;  // made on the first text, owned by the list
   std::string tip_text_;  // multi-select: a row got the focus rectangle
 };
