@@ -25,7 +25,10 @@ namespace {
 bool scheme_before(const char* piece, size_t colon) {
   for (const char* word : {"http", "ftp", "file", "hcp", "cookie"}) {
     const size_t n = strlen(word);
-    if (colon >= n && _strnicmp(piece + colon - n, word, n) == 0) return true;
+    if (colon < n) continue;
+    size_t k = 0;
+    while (k < n && (piece[colon - n + k] | 0x20) == word[k]) ++k;
+    if (k == n) return true;
   }
   return false;
 }
