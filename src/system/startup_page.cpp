@@ -434,6 +434,9 @@ void StartupPage::remove_services() {
     const StartupService& service = startup_services[i];
     ignore_errors([&] {
       if (backup_enabled) {
+        // regedit writes into no folder that is not there, and Vista and
+        // later have no repair folder.
+        make_backup_folder();
         // The closing quote of the key is missing; regedit takes it so. Not
         // waited for: it races the deletion below, as it always did.
         ProcessResult started;

@@ -442,7 +442,33 @@ TEST_F(StartupSection, AStartupFileGoesFromBothFolders) {
   EXPECT_EQ(Texts{"whtest_stay.txt->"}, ours(page.run_folder));
 }
 
-TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndItsKeyRemoved) {
+// No repair folder, as Vista and later have it: one that is there is moved
+// aside for the test and put back after it, and the one the test made goes.
+class NoRepairFolder {
+public:
+  NoRepairFolder()
+      : existed_(path_exists(repair)),
+        moved_(existed_ && MoveFileA(repair.c_str(), aside_.c_str())) {}
+  ~NoRepairFolder() {
+    if (existed_ && !moved_) return;
+    // A regedit started by the test may still hold a file for a moment.
+    for (int i = 0; i < 100 && path_exists(repair); ++i) {
+      test::remove_tree(repair);
+      if (path_exists(repair)) Sleep(50);
+    }
+    if (moved_) MoveFileA(aside_.c_str(), repair.c_str());
+  }
+  bool ready() const { return !path_exists(repair); }
+
+private:
+  const std::string aside_ = repair + ".whtest";
+  const bool existed_;
+  const bool moved_;
+};
+
+TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndRestored) {
+  NoRepairFolder none;
+  ASSERT_TRUE(none.ready());
   const std::string key = std::string(services) + "WhTestSvcPlain";
   service("WhTestSvcPlain", "C:\\wh\\idle_plain.exe", "WhTest Plain");
   reg_set_value(HKEY_LOCAL_MACHINE, key + "\\Parameters", "x", "1");
@@ -462,23 +488,33 @@ TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndItsKeyRemoved) {
     }
   });
   page.del_block();
-  const bool exported = eventually([&] { return path_exists(repair + "\\WhTest Plain.reg"); });
+  // The export, narrowed from the UTF-16 that regedit writes, holding the
+  // key's line.
+  std::string text;
+  const bool exported = eventually([&] {
+    const std::string bytes = read_file(repair + "\\WhTest Plain.reg");
+    text.clear();
+    for (size_t i = 2; i + 1 < bytes.size(); i += 2) text += bytes[i];
+    return text.find("WhTestSvcPlain]") != std::string::npos;
+  });
   stop = true;
   keeper.join();
   EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, key, "ImagePath"));
   EXPECT_FALSE(has_key(HKEY_LOCAL_MACHINE, key + "\\Parameters"));
   EXPECT_EQ(Texts{}, ours(page.run_services));
-  ASSERT_TRUE(exported);
-  const std::string bytes = read_file(repair + "\\WhTest Plain.reg");
-  std::string text;  // UTF-16 as regedit writes it, narrowed
-  for (size_t i = 2; i + 1 < bytes.size(); i += 2) text += bytes[i];
-  EXPECT_NE(std::string::npos, text.find("WhTestSvcPlain"));
+  ASSERT_TRUE(exported) << "the missing repair folder was made first";
 
-  // It is a service backup, not a registry one.
-  page.Image6_Click(4);
-  EXPECT_GE(row_of(page.List6, "WhTest Plain"), 0);
+  // It is a service backup, not a registry one, and a restore brings the
+  // key back.
+  reg_delete_tree(HKEY_LOCAL_MACHINE, key);  // the keeper's
   page.Image6_Click(2);
   EXPECT_LT(row_of(page.List6, "WhTest Plain"), 0);
+  page.Image6_Click(4);
+  const int row = row_of(page.List6, "WhTest Plain");
+  ASSERT_GE(row, 0);
+  page.List6.ListIndex(row);
+  page.Image8_Click(1);
+  EXPECT_TRUE(eventually([&] { return has_key(HKEY_LOCAL_MACHINE, key); }));
 }
 
 TEST_F(StartupSection, TheTwoBackupFamiliesNeverMix) {
