@@ -28,6 +28,15 @@ void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name
 // The subkey names; no elements when the key cannot be opened or has none.
 std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey,
                                        RegView view = RegView::native);
+// RegEnumValueA into a name and a data buffer that hold so many characters,
+// as the program's byte buffers did before its text was UTF-8. `name_size`
+// and `data_size` go in as the buffers' sizes and come out as the lengths,
+// both in characters (the data's NUL counts). Too long for its buffer gives
+// ERROR_MORE_DATA as the A call does under Wine: data leave the buffers as
+// they came and set the size they need; a name fills its buffer and keeps
+// its size. Any other failure leaves everything as it came in.
+LONG reg_enum_value_chars(HKEY key, DWORD index, std::string& name, DWORD& name_size,
+                          std::string& data, DWORD& data_size);
 void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name,
                       RegView view = RegView::native);
 

@@ -7,12 +7,14 @@
 #include "core/shortcuts.h"
 #include "core/text.h"
 #include "core/version_info.h"
+#include "platform/code_pages.h"
 #include "platform/environment.h"
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -287,17 +289,17 @@ void StartupPage::scan_startup() {
       if (reg_open_key(run_keys[k - 1].root, run_keys[k - 1].key, key, view) != ERROR_SUCCESS)
         continue;
       for (DWORD index = 0;; ++index) {
-        char name[255] = {};
-        BYTE data[255] = {};
-        DWORD name_length = sizeof name, data_length = sizeof data, type = 0;
-        const LONG r = reg_enum_value(key, index, name, name_length, type, data, data_length);
+        // Buffers of 255 characters, whatever their size in UTF-8.
+        std::string name(255, '\0'), data(255, '\0');
+        DWORD name_length = 255, data_length = 255;
+        const LONG r = reg_enum_value_chars(key, index, name, name_length, data, data_length);
         if (r == ERROR_NO_MORE_ITEMS) break;
         // Any other failure counts as a value: a long one shows what fitted.
-        if (name_length > sizeof name) name_length = 0;
-        if (data_length > sizeof data) data_length = sizeof data;
+        if (name_length > 255) name_length = 0;
+        if (data_length > 255) data_length = 255;
         if (data_length > 0 && name_length > 0) {
-          std::string text(reinterpret_cast<const char*>(data), data_length - 1);
-          list_add_wide(run_reg, std::string(name, name_length) + "->" + text);
+          const std::string text(utf8::left(data, data_length - 1));
+          list_add_wide(run_reg, std::string(utf8::left(name, name_length)) + "->" + text);
           run_reg.ItemData(run_reg.ListCount() - 1, k);
           run_reg_views.push_back(view);
         }
@@ -366,8 +368,10 @@ void StartupPage::remove_run_values() {
       const std::string folder = make_backup_folder();
       const RegView view =
           static_cast<size_t>(i) < run_reg_views.size() ? run_reg_views[i] : RegView::native;
+      // regedit reads REGEDIT4 in the system's ANSI code page, not in ours.
       write_text(folder + "\\(" + name + ").reg",
-                 run_value_backup(run_reg.ItemData(i), name, row_data(row), view));
+                 text_for_code_page(run_value_backup(run_reg.ItemData(i), name, row_data(row), view),
+                                    system_ansi_code_page()));
       if (backupitems.Visible()) {
         form_.restore_type = form_.restore_type == 1 ? 2 : 1;
         Image6_Click(2);
@@ -582,9 +586,10 @@ void StartupPage::search_tip() {
 
 void StartupPage::search_select(const std::string& text) {
   const std::string wanted = ucase(text);
+  const bool enough = utf8::length(text) >= 3;  // three characters, not bytes
   for (ListBox* list : {&run_services, &run_reg, &run_folder})
     for (int i = 0; i < list->ListCount(); ++i)
-      list->Selected(i, text.size() >= 3 && ucase(list->List(i)).find(wanted) != std::string::npos);
+      list->Selected(i, enough && ucase(list->List(i)).find(wanted) != std::string::npos);
 }
 
 int StartupPage::search_hits() const {

@@ -2,7 +2,9 @@
 
 #include <set>
 
+#include "platform/file_find.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 #include "ui/events.h"
 #include "ui/internal.h"
 
@@ -11,7 +13,7 @@ namespace wh {
 namespace {
 // The full form of `path`, without a closing backslash except on a root.
 std::string full_path(const std::string& path) {
-  char buf[MAX_PATH * 2];
+  char buf[utf8::bytes_for(MAX_PATH * 2)];
   DWORD n = ::GetFullPathNameA(path.c_str(), sizeof buf, buf, nullptr);
   std::string full = (n > 0 && n < sizeof buf) ? std::string(buf, n) : path;
   while (full.size() > 3 && (full.back() == '\\' || full.back() == '/')) full.pop_back();
@@ -72,11 +74,11 @@ void FileListBox::Refresh() {
     while (!mask.empty() && mask.front() == ' ') mask.erase(0, 1);
     while (!mask.empty() && mask.back() == ' ') mask.pop_back();
     if (mask.empty()) continue;
-    WIN32_FIND_DATAA fd;
-    HANDLE h = ::FindFirstFileA((dir + mask).c_str(), &fd);
-    if (h == INVALID_HANDLE_VALUE) continue;
+    FileFind find(dir + mask);
+    if (!find.found()) continue;
     do {
-      DWORD a = fd.dwFileAttributes;
+      const FoundEntry& fd = find.entry();
+      DWORD a = fd.attributes;
       if (a & FILE_ATTRIBUTE_DIRECTORY) continue;
       if ((a & FILE_ATTRIBUTE_HIDDEN) && !Hidden) continue;
       if ((a & FILE_ATTRIBUTE_SYSTEM) && !System) continue;
@@ -85,10 +87,9 @@ void FileListBox::Refresh() {
       const DWORD marked = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                            FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE;
       if (!(a & marked) && !Normal) continue;
-      if (!seen.insert(upper(fd.cFileName)).second) continue;
-      send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(fd.cFileName));
-    } while (::FindNextFileA(h, &fd));
-    ::FindClose(h);
+      if (!seen.insert(upper(fd.name)).second) continue;
+      send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(fd.name.c_str()));
+    } while (find.next());
   }
   ::SendMessageA(hwnd(), WM_SETREDRAW, TRUE, 0);
   ::InvalidateRect(hwnd(), nullptr, TRUE);
