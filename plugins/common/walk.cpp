@@ -21,7 +21,7 @@ bool is_dots(const wchar_t* name) {
 
 // A link (junction, symbolic link, mount point) is never entered nor removed:
 // what it points at may lie outside the cache. Wine shows a host's symbolic
-// link to a folder this way too.
+// link to a folder this way too; one to a file it shows as a plain file.
 bool is_link(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
 
 struct Entry {
