@@ -24,10 +24,10 @@ std::string cut_at_nul(std::string s) {
 }  // namespace
 
 std::string reg_get_value(HKEY hive, const std::string& subkey, const std::string& name,
-                          const std::string& def) {
+                          const std::string& def, RegView view) {
   std::string result = def;
   HKEY key = nullptr;
-  reg_open_key(hive, subkey, key);  // unchecked: a null key fails below
+  reg_open_key(hive, subkey, key, view);  // unchecked: a null key fails below
   DWORD type = 0, size = 0;
   if (reg_query_value_size(key, name, type, size) == ERROR_SUCCESS) {
     std::string buffer(size, ' ');
@@ -39,23 +39,24 @@ std::string reg_get_value(HKEY hive, const std::string& subkey, const std::strin
 }
 
 void reg_set_value(HKEY hive, const std::string& subkey, const std::string& name,
-                   const std::string& text) {
+                   const std::string& text, RegView view) {
   RegKey key;
-  key.create(hive, subkey);
+  key.create(hive, subkey, view);
   key.set(name, REG_SZ, text);
 }
 
-void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value) {
+void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value,
+                   RegView view) {
   RegKey key;
-  key.create(hive, subkey);
+  key.create(hive, subkey, view);
   key.set_dword(name, value);
 }
 
-std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey) {
+std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey, RegView view) {
   std::vector<std::string> names;
   HKEY key = nullptr;
   // The key is never closed: every call leaves one handle open.
-  reg_open_key(hive, subkey, key);
+  reg_open_key(hive, subkey, key, view);
   for (DWORD index = 0;; ++index) {
     std::string name;
     if (reg_enum_key(key, index, name, 255) != ERROR_SUCCESS) break;
@@ -64,9 +65,10 @@ std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey) {
   return names;
 }
 
-void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name) {
+void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name,
+                      RegView view) {
   RegKey key;
-  key.open(hive, subkey);
+  key.open(hive, subkey, view);
   key.delete_value(name);
 }
 

@@ -7,22 +7,29 @@
 #include <string>
 #include <vector>
 
+#include "platform/registry.h"
+
 namespace wh {
 
 class ListBox;
 
 // --- registry, through the single-byte code page
+// Each takes the view of HKLM\Software last (platform/registry.h); the
+// default is the old calls' own.
 // The value's bytes up to the first NUL, whatever its type (a number comes
 // back as its raw bytes); `def` when the value cannot be read.
 std::string reg_get_value(HKEY hive, const std::string& subkey, const std::string& name,
-                          const std::string& def = {});
+                          const std::string& def = {}, RegView view = RegView::native);
 // REG_SZ of exactly the text's characters (no NUL), the path made if missing.
 void reg_set_value(HKEY hive, const std::string& subkey, const std::string& name,
-                   const std::string& text);
-void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value);
+                   const std::string& text, RegView view = RegView::native);
+void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value,
+                   RegView view = RegView::native);
 // The subkey names; no elements when the key cannot be opened or has none.
-std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey);
-void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name);
+std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey,
+                                       RegView view = RegView::native);
+void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name,
+                      RegView view = RegView::native);
 
 // --- sizes, paths and names
 // The size text with the user's decimal symbol (see spatiuu_text).
