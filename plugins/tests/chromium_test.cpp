@@ -109,13 +109,6 @@ TEST_F(ChromiumTest, AFileTheBrowserHoldsStaysAndTheRestGoes) {
   EXPECT_EQ(std::vector<std::wstring>{L"data_1"}, names_in(profile_folder + L"\\Cache\\Cache_Data"));
 }
 
-TEST_F(ChromiumTest, WithoutABrowserARunIsQuietAndTheDescriptionSaysSo) {
-  EXPECT_TRUE(run(L"Chromium"));
-  EXPECT_EQ((Lines{"Chromium caches", "No Chromium browser", "found"}), describe(L"Chromium"));
-  Language romanian("romana");
-  EXPECT_EQ((Lines{"Cache Chromium", "Niciun browser", "Chromium gasit"}), describe(L"Chromium"));
-}
-
 TEST_F(ChromiumTest, TheDescriptionNamesTheBrowsersFoundWithinThePanel) {
   made.folder(local + L"\\Microsoft\\Edge\\User Data");
   made.folder(local + L"\\Opera Software\\Opera GX Stable");  // the cache alone is Opera GX found

@@ -6,17 +6,13 @@
 
 #include <algorithm>
 
+#include "core/settings.h"
 #include "platform/automation.h"
+#include "platform/registry.h"
+#include "support/pending.h"
 #include "platform/rt_error.h"
 
 namespace pack_test {
-
-std::wstring widen(const std::string& text) {
-  std::wstring out(text.size(), L'\0');
-  out.resize(MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                 out.data(), static_cast<int>(out.size())));
-  return out;
-}
 
 std::string utf8(const std::wstring& text) {
   std::string out(text.size() * 4, '\0');
@@ -161,40 +157,9 @@ int hold_main(const wchar_t* path) {
   return 0;
 }
 
-namespace {
-const char* const store = "Software\\Wellharrower\\Optiuni";
-}
+Language::Language(const char* value) { wh::save_setting("limba", value); }
 
-Language::Language(const char* value) {
-  HKEY key;
-  DWORD disposition = 0;
-  RegCreateKeyExA(HKEY_CURRENT_USER, store, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                  &disposition);
-  made_store_ = disposition == REG_CREATED_NEW_KEY;
-  char old[64] = {};
-  DWORD size = sizeof old - 1;
-  had_ = RegQueryValueExA(key, "limba", nullptr, nullptr, reinterpret_cast<BYTE*>(old), &size) ==
-         ERROR_SUCCESS;
-  before_ = old;
-  RegSetValueExA(key, "limba", 0, REG_SZ, reinterpret_cast<const BYTE*>(value),
-                 static_cast<DWORD>(strlen(value) + 1));
-  RegCloseKey(key);
-}
-
-Language::~Language() {
-  HKEY key;
-  if (RegOpenKeyExA(HKEY_CURRENT_USER, store, 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
-  if (had_)
-    RegSetValueExA(key, "limba", 0, REG_SZ, reinterpret_cast<const BYTE*>(before_.c_str()),
-                   static_cast<DWORD>(before_.size() + 1));
-  else
-    RegDeleteValueA(key, "limba");
-  RegCloseKey(key);
-  if (made_store_) {
-    RegDeleteKeyA(HKEY_CURRENT_USER, store);
-    RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Wellharrower");
-  }
-}
+Language::~Language() { wh::reg_delete_tree(HKEY_CURRENT_USER, "Software\\Wellharrower"); }
 
 HRESULT self_register(const std::wstring& dll, bool do_register) {
   HMODULE module = LoadLibraryW(dll.c_str());
@@ -234,69 +199,10 @@ std::vector<std::string> describe(const std::wstring& name) {
   return lines;
 }
 
-namespace {
-const wchar_t* const session = L"System\\CurrentControlSet\\Control\\Session Manager";
-
-std::vector<std::wstring> pending_strings() {
-  std::vector<std::wstring> strings;
-  HKEY key;
-  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, session, 0, KEY_READ, &key) != ERROR_SUCCESS)
-    return strings;
-  std::wstring data(1 << 16, L'\0');
-  DWORD size = static_cast<DWORD>(data.size() * sizeof(wchar_t)), type = 0;
-  if (RegQueryValueExW(key, L"PendingFileRenameOperations", nullptr, &type,
-                       reinterpret_cast<BYTE*>(data.data()), &size) != ERROR_SUCCESS)
-    size = 0;
-  RegCloseKey(key);
-  data.resize(size / sizeof(wchar_t));
-  // Pairs of strings; an empty target is a removal, so empty strings count.
-  size_t start = 0;
-  while (start < data.size()) {
-    const size_t end = data.find(L'\0', start);
-    if (end == std::wstring::npos) break;
-    strings.push_back(data.substr(start, end - start));
-    start = end + 1;
-  }
-  // The list ends in an extra zero: no string of its own.
-  if (strings.size() % 2 == 1 && strings.back().empty()) strings.pop_back();
-  return strings;
-}
-
-std::wstring plain(const std::wstring& nt_path) {
-  return nt_path.rfind(L"\\??\\", 0) == 0 ? nt_path.substr(4) : nt_path;
-}
-}  // namespace
-
-std::vector<std::pair<std::wstring, std::wstring>> pending_removals() {
-  const std::vector<std::wstring> strings = pending_strings();
-  std::vector<std::pair<std::wstring, std::wstring>> pairs;
-  for (size_t i = 0; i + 1 < strings.size(); i += 2)
-    pairs.emplace_back(plain(strings[i]), strings[i + 1]);
-  return pairs;
-}
-
-void forget_pending(const std::vector<std::wstring>& paths) {
-  const std::vector<std::wstring> strings = pending_strings();
-  std::wstring kept;
-  for (size_t i = 0; i + 1 < strings.size(); i += 2) {
-    const std::wstring source = plain(strings[i]);
-    const bool ours = std::any_of(paths.begin(), paths.end(), [&](const std::wstring& p) {
-      return lstrcmpiW(p.c_str(), source.c_str()) == 0;
-    });
-    if (ours) continue;
-    kept += strings[i] + L'\0' + strings[i + 1] + L'\0';
-  }
-  HKEY key;
-  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, session, 0, KEY_SET_VALUE, &key) != ERROR_SUCCESS) return;
-  if (kept.empty()) {
-    RegDeleteValueW(key, L"PendingFileRenameOperations");
-  } else {
-    kept += L'\0';
-    RegSetValueExW(key, L"PendingFileRenameOperations", 0, REG_MULTI_SZ,
-                   reinterpret_cast<const BYTE*>(kept.data()),
-                   static_cast<DWORD>(kept.size() * sizeof(wchar_t)));
-  }
-  RegCloseKey(key);
+bool scheduled(const std::wstring& path) {
+  // Pairs of zero-ended strings: the NT path, then an empty target.
+  const std::string wanted = std::string("\\??\\") + utf8(path) + '\0' + '\0';
+  return wh::test::pending_operations().find(wanted) != std::string::npos;
 }
 
 namespace {

@@ -16,7 +16,6 @@
 
 namespace pack_test {
 
-std::wstring widen(const std::string& utf8);
 std::string utf8(const std::wstring& text);
 
 // A shell folder (CSIDL_LOCAL_APPDATA, CSIDL_APPDATA, CSIDL_COMMON_APPDATA).
@@ -89,16 +88,12 @@ private:
 // The child's side: `test_plugins hold <path in UTF-8>`.
 int hold_main(const wchar_t* path);
 
-// The program's language in its key store, "limba", put back at the end.
+// The program's language in its key store, "limba" ("romana" or
+// "engleza"); the store goes at the end, as the form tests leave it.
 class Language {
 public:
-  explicit Language(const char* value);  // "romana" or "engleza"
+  explicit Language(const char* value);
   ~Language();
-
-private:
-  std::string before_;
-  bool had_ = false;
-  bool made_store_ = false;
 };
 
 // The pack registered from C:\wh\plugins\ (one member's registration takes
@@ -117,10 +112,8 @@ bool run(const std::wstring& name);
 // Its Description, split at "|"; {"<none>"} when it cannot be read.
 std::vector<std::string> describe(const std::wstring& name);
 
-// The system's removals at the next boot, as pairs of (source, target).
-std::vector<std::pair<std::wstring, std::wstring>> pending_removals();
-// Takes the entries whose source is one of `paths` out of the list again.
-void forget_pending(const std::vector<std::wstring>& paths);
+// Whether the system's list of removals at the next boot holds `path`.
+bool scheduled(const std::wstring& path);
 
 // A registered class's server, "" when the class is unknown.
 std::wstring registered_server(const std::wstring& prog_id);

@@ -15,6 +15,7 @@
 #include "core/settings.h"
 #include "pack_support.h"
 #include "support/form_test.h"
+#include "support/pending.h"
 #include "support/test_form.h"
 
 using namespace wh;
@@ -123,6 +124,7 @@ TEST_F(PackThroughTheProgram, APcOfTodayLosesItsCachesInOneHarrowAndKeepsTheRest
 
   for (int i = 1; i <= 18; ++i) j.check[i]->Value(0);
   for (int row = 0; row < j.pluginlist.ListCount(); ++row) j.pluginlist.Selected(row, true);
+  const std::string pending = wh::test::pending_operations();
   {
     Holder explorer_holds(held);
     ASSERT_TRUE(explorer_holds.holding());
@@ -131,11 +133,8 @@ TEST_F(PackThroughTheProgram, APcOfTodayLosesItsCachesInOneHarrowAndKeepsTheRest
 
   expect.check();
   EXPECT_EQ("Explorer's", read(held));
-  bool scheduled = false;
-  for (const auto& [source, target] : pending_removals())
-    scheduled = scheduled || (lstrcmpiW(source.c_str(), held.c_str()) == 0 && target.empty());
-  EXPECT_TRUE(scheduled);
-  forget_pending({held});
+  EXPECT_TRUE(scheduled(held));
+  wh::test::restore_pending(pending);
   EXPECT_EQ(j.pluginlist.ListCount(), j.pluginlist.SelCount());
 
   // One member's unregistration takes the pack's registration back.
