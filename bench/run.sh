@@ -55,7 +55,9 @@ for src in "$here"/bench/*.cpp; do
   name=${src##*/}
   benches+=("bench_${name%.cpp}")
 done
-BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" >/dev/null
+# plugin_pack: the plug-ins of the pack, for the Chromium plug-in's figure.
+BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target "${benches[@]}" plugin_pack \
+  >/dev/null
 
 . "$here/scripts/wine-env.sh"
 data=
@@ -72,6 +74,9 @@ wh_new_prefix
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 mkdir -p "$WINEPREFIX/drive_c/wh"
 for b in "${benches[@]}"; do cp "$build/bin/$b.exe" "$WINEPREFIX/drive_c/wh/"; done
+# The pack's plug-ins, where bench_chromium_plugin registers them from.
+mkdir -p "$WINEPREFIX/drive_c/wh/plugins"
+cp "$build"/pack/*.dll "$WINEPREFIX/drive_c/wh/plugins/"
 data=$WINEPREFIX/drive_c/wh/bench
 logs=$build/bench-logs
 rm -rf "$logs"
@@ -100,6 +105,8 @@ best_us() {
   echo "$best"
 }
 nothing() { :; }
+# The lesser of two numbers; the first when the second is "".
+lesser() { awk -v a="$1" -v b="$2" 'BEGIN { print (b == "" || a < b) ? a : b }'; }
 # Microseconds in the unit of a figure.
 us_to() { awk -v t="$1" -v u="$2" 'BEGIN { print t / (u == "s" ? 1e6 : u == "ms" ? 1e3 : 1) }'; }
 
@@ -279,7 +286,6 @@ sec_clean_tree() {
   local tree=$data/tree copy=$data/clean plain=$data/plain best= floor= i rm_us
   [ -d "$tree" ] || make_tree "$tree" "$(size 500 8)" "$(size 100 10)"
   fresh_copy() { rm -rf "$copy" && cp -a "$tree" "$copy" && sync; }
-  lesser() { awk -v a="$1" -v b="$2" 'BEGIN { print (b == "" || a < b) ? a : b }'; }
   for ((i = 0; i < rounds; i++)); do
     fresh_copy
     rm -rf "$plain" && cp -a "$tree" "$plain" && sync
@@ -410,6 +416,61 @@ sec_url_scan() {
   rm -f "$index" "$index.txt"
 }
 
+# --- the Chromium plug-in's RUN over 50,000 cache files, against rm -rf -----
+# One Chrome profile in the prefix's real user data folder, where the
+# plug-in looks: Cache, Code Cache, GPUCache and Service Worker\CacheStorage
+# (40 folders), 50,000 files of 1 to 700 bytes, beside its Preferences. Made
+# afresh before each run of either; a copy of the same caches goes by a
+# plain FindFirstFileA/DeleteFileA walk in the same program (the floor).
+sec_chromium_plugin() {
+  local user profile caches=$data/chrome_caches plain=$data/plain total sw_folders pad
+  local n=0 i best= floor= rm_us
+  user=$(ls "$WINEPREFIX/drive_c/users" | grep -vx Public | head -1)
+  profile=$WINEPREFIX/drive_c/users/$user/AppData/Local/Google/Chrome/User\ Data/Default
+  total=$(size 50000 500)
+  sw_folders=$(size 40 4)
+  printf -v pad '%700s' ''
+  pad=${pad// /c}
+  # cache_files FOLDER COUNT [FOLDERS]: COUNT files in FOLDER, or spread over
+  # FOLDERS subfolders named as Chromium names them.
+  cache_files() {
+    local dir=$caches/$1 count=$2 folders=${3:-0} k d name
+    mkdir -p "$dir"
+    for ((k = 0; k < count; k++)); do
+      d=$dir
+      if ((folders)); then
+        printf -v d '%s/%040x/%08d-0000-4000-8000-000000000000' "$dir" $((k % folders)) $((k % folders))
+        mkdir -p "$d"
+      fi
+      printf -v name 'f_%06x' "$n"
+      printf '%s' "${pad:0:n % 700 + 1}" >"$d/$name"
+      n=$((n + 1))
+    done
+  }
+  cache_files Cache/Cache_Data $((total * 3 / 5))
+  cache_files "Code Cache/js" $((total * 9 / 50))
+  cache_files "Code Cache/wasm" $((total / 50))
+  cache_files GPUCache $((total / 1250))
+  cache_files "Service Worker/CacheStorage" $((total - n)) "$sw_folders"
+  fresh_profile() {
+    rm -rf "$profile" && mkdir -p "$(dirname "$profile")" && cp -a "$caches" "$profile" &&
+      printf '{}' >"$profile/Preferences" && sync
+  }
+  for ((i = 0; i < rounds; i++)); do
+    fresh_profile
+    rm -rf "$plain" && cp -a "$caches" "$plain" && sync
+    run_wine bench_chromium_plugin 'C:\wh\plugins\Chromium.dll' \
+      "C:\\users\\$user\\AppData\\Local\\Google\\Chrome\\User Data\\Default" 'C:\wh\bench\plain'
+    best=$(lesser "$(figure bench_chromium_plugin chromium_run)" "$best")
+    floor=$(lesser "$(figure bench_chromium_plugin plain_delete)" "$floor")
+  done
+  rm_caches() { (cd "$profile" && rm -rf Cache "Code Cache" GPUCache "Service Worker"); }
+  rm_us=$(best_us fresh_profile rm_caches)
+  report "Chromium plug-in RUN vs rm -rf" "$best" "$(us_to "$rm_us" ms)" ms 1
+  report "Chromium plug-in RUN vs DeleteFileA walk (both in Wine)" "$best" "$floor" ms 1
+  rm -rf "$WINEPREFIX/drive_c/users/$user/AppData/Local/Google" "$caches" "$plain"
+}
+
 # --- figures that a program measures alone, ours and its floor in Wine -----
 sec_in_wine() {
   # Clear and five lines on the shown panel, against a fill and five
@@ -423,7 +484,8 @@ sec_in_wine() {
 }
 
 sections=(sec_shred sec_folder_size sec_ini sec_split sec_junk_scan sec_clean_tree
-          sec_duplicates sec_disk_root sec_monitor sec_uninstall sec_url_scan sec_in_wine)
+          sec_duplicates sec_disk_root sec_monitor sec_uninstall sec_url_scan
+          sec_chromium_plugin sec_in_wine)
 if ((${#only[@]})); then
   for s in "${only[@]}"; do
     declare -F "$s" >/dev/null || { echo "bench: no section ${s#sec_}" >&2; exit 2; }

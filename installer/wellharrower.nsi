@@ -1,9 +1,12 @@
 ; The setup of Wellharrower, made by scripts/package.sh:
 ;   makensis -DVERSION=1.0.0 -DVERSION4=1.0.0.0 -DSTAGE=<folder> -DOUTFILE=<setup.exe>
 ;            -DICON=<the program's icon>
-;            [-DPLUGIN=<file of the sample plug-in>] [-DPLUGINS_DOC] wellharrower.nsi
+;            [-DPLUGINS_NSH=<the plug-in pack's lines>] [-DPLUGINS_DOC] wellharrower.nsi
 ; STAGE holds what the portable zip holds. Per machine, under Program Files;
-; /S installs silently, /DESKTOP adds the desktop shortcut then.
+; /S installs silently, /DESKTOP adds the desktop shortcut then. PLUGINS_NSH,
+; written by package.sh, holds the macros INSTALL_PLUGINS (a File and a
+; RegDLL line for each plug-in of the pack) and UNINSTALL_PLUGINS (UnRegDLL
+; and Delete for each).
 
 Unicode true
 ; The program is 64-bit: a 64-bit setup writes the registry and Program
@@ -21,6 +24,9 @@ RequestExecutionLevel admin
 !define UNINST_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Wellharrower"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define PLUGINS_DIR "JunkHarrower Plugins"
+!ifdef PLUGINS_NSH
+  !include "${PLUGINS_NSH}"
+!endif
 
 Name "${PRODUCT} ${VERSION}"
 OutFile "${OUTFILE}"
@@ -102,9 +108,11 @@ Section "!$(SecProgram)" SecMain
 !ifdef PLUGINS_DOC
   File "${STAGE}/PLUGINS.md"
 !endif
-!ifdef PLUGIN
+!ifdef PLUGINS_NSH
+  ; Registered here, so that every plug-in is there at the program's first
+  ; start, which would register only one of them.
   SetOutPath "$INSTDIR\${PLUGINS_DIR}"
-  File "${STAGE}/${PLUGINS_DIR}/${PLUGIN}"
+  !insertmacro INSTALL_PLUGINS
   SetOutPath "$INSTDIR"
 !endif
   WriteUninstaller "$INSTDIR\uninstall.exe"
@@ -155,11 +163,9 @@ Section "Uninstall"
 !ifdef PLUGINS_DOC
   Delete "$INSTDIR\PLUGINS.md"
 !endif
-!ifdef PLUGIN
-  ; The program registers a plug-in the first time it meets it; the
-  ; registration must not outlive the file.
-  UnRegDLL "$INSTDIR\${PLUGINS_DIR}\${PLUGIN}"
-  Delete "$INSTDIR\${PLUGINS_DIR}\${PLUGIN}"
+!ifdef PLUGINS_NSH
+  ; A registration must not outlive its file.
+  !insertmacro UNINSTALL_PLUGINS
   RMDir "$INSTDIR\${PLUGINS_DIR}"
 !endif
   Delete "$INSTDIR\uninstall.exe"

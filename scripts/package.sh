@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
 # Builds the Release exe and writes, in ${DIST_DIR:-dist}:
-#   Wellharrower-<version>-portable.zip  the exe, the sample plug-in in
+#   Wellharrower-<version>-portable.zip  the exe, the plug-in pack in
 #                                        "JunkHarrower Plugins", PLUGINS.md,
 #                                        readme.txt and licence.txt
-#   Wellharrower-<version>-setup.exe     the same, installed by NSIS
+#   Wellharrower-<version>-setup.exe     the same, installed by NSIS, which
+#                                        registers the pack
 # <version> is the project's version in CMakeLists.txt, which the build also
 # writes into the exe's version resource. Then it runs the packages' round
 # trip (tests/package/round_trip.sh) under Wine in a throwaway prefix,
@@ -16,16 +17,16 @@ bash "$here/scripts/deps.sh"
 bash "$here/scripts/deps.sh" package
 
 BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target Wellharrower
-# package.txt is written by CMake: version=, exe=, and plugin= when the
-# sample plug-in's target exists.
+# package.txt is written by CMake: version=, exe=, and one plugin= line for
+# each plug-in of the pack.
 manifest() { sed -n "s/^$1=//p" "$build/package.txt"; }
 version=$(manifest version)
 exe=$(manifest exe)
-plugin=$(manifest plugin)
-if [ -n "$plugin" ]; then
-  BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target sample_plugin
+mapfile -t plugins < <(manifest plugin)
+if ((${#plugins[@]})); then
+  BUILD_TYPE=Release BUILD_DIR=$build bash "$here/scripts/build.sh" --target plugin_pack
 else
-  echo "package: no sample_plugin target, the packages carry no plug-in"
+  echo "package: no plug-in pack, the packages carry no plug-in"
 fi
 version4=$version
 while [ "$(tr -cd . <<<"$version4" | wc -c)" -lt 3 ]; do version4=$version4.0; done
@@ -46,10 +47,28 @@ if [ -f "$here/docs/PLUGINS.md" ]; then
 else
   echo "package: no docs/PLUGINS.md, the packages carry none"
 fi
-if [ -n "$plugin" ]; then
+# The setup installs and registers each plug-in, and its uninstaller
+# unregisters and deletes each: their lines are written here, one a file.
+if ((${#plugins[@]})); then
   mkdir -p "$stage/JunkHarrower Plugins"
-  cp "$plugin" "$stage/JunkHarrower Plugins/"
-  nsis_defs+=("-DPLUGIN=$(basename "$plugin")")
+  nsh=$build/package-plugins.nsh
+  {
+    echo '; Written by scripts/package.sh: the plug-in pack, one line a file.'
+    echo '!macro INSTALL_PLUGINS'
+    for p in "${plugins[@]}"; do
+      cp "$p" "$stage/JunkHarrower Plugins/"
+      echo "  File \"\${STAGE}/\${PLUGINS_DIR}/$(basename "$p")\""
+    done
+    for p in "${plugins[@]}"; do echo "  RegDLL \"\$INSTDIR\\\${PLUGINS_DIR}\\$(basename "$p")\""; done
+    echo '!macroend'
+    echo '!macro UNINSTALL_PLUGINS'
+    for p in "${plugins[@]}"; do
+      echo "  UnRegDLL \"\$INSTDIR\\\${PLUGINS_DIR}\\$(basename "$p")\""
+      echo "  Delete \"\$INSTDIR\\\${PLUGINS_DIR}\\$(basename "$p")\""
+    done
+    echo '!macroend'
+  } >"$nsh"
+  nsis_defs+=("-DPLUGINS_NSH=$nsh")
 fi
 
 zip_file=$dist/Wellharrower-$version-portable.zip

@@ -17,6 +17,9 @@ wh_use_prefix "$build/run-prefix" "$build/run-xdg"
 [ -d "$WINEPREFIX/drive_c" ] || wh_new_prefix
 mkdir -p "$WINEPREFIX/drive_c/Wellharrower"
 cp "$build/bin/Wellharrower.exe" "$WINEPREFIX/drive_c/Wellharrower/"
+# The plug-in pack, as the packages carry it.
+mkdir -p "$WINEPREFIX/drive_c/Wellharrower/JunkHarrower Plugins"
+cp "$build"/pack/*.dll "$WINEPREFIX/drive_c/Wellharrower/JunkHarrower Plugins/"
 # Started from its own folder, as Explorer would: from a host folder Wine has
 # no drive for (no Z:), the current folder would read "unix\...".
 cd "$WINEPREFIX/drive_c/Wellharrower"

@@ -55,8 +55,11 @@ ln -sfn "$build/floppy" "$WINEPREFIX/dosdevices/a:"
 "$WINE64" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 mkdir -p "$WINEPREFIX/drive_c/wh"
 cp "$build"/bin/*.exe "$WINEPREFIX/drive_c/wh/"
-# The sample plug-in, which the plug-in tests copy under other names.
-cp "$build"/tools/*.dll "$WINEPREFIX/drive_c/wh/"
+# The plug-in pack, which the pack's tests install where they need it and
+# whose sample the program's plug-in tests copy under other names. Not in a
+# "JunkHarrower Plugins" folder: every start of a form there would list it.
+mkdir -p "$WINEPREFIX/drive_c/wh/plugins"
+cp "$build"/pack/*.dll "$WINEPREFIX/drive_c/wh/plugins/"
 wh_start_server
 cd "$build"
 rc=0

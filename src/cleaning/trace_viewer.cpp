@@ -13,6 +13,7 @@
 #include "platform/clipboard.h"
 #include "platform/rt_error.h"
 #include "platform/shell.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -169,7 +170,7 @@ void JunkPage::junk_files_MouseMove(int /*button*/, int /*shift*/, int /*x*/, in
   const int height = junk_files.TextHeight("Xyz");
   const int line = junk_files.TopIndex() + (height > 0 ? y / height : 0);
   const std::string text = line < junk_files.ListCount() ? junk_files.List(line) : std::string();
-  junk_files.ToolTipText(text.size() > 67 ? text : std::string());
+  junk_files.ToolTipText(utf8::length(text) > 67 ? text : std::string());
   Label30.ForeColor(0);
 }
 

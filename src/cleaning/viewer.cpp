@@ -13,6 +13,7 @@
 #include "platform/fso.h"
 #include "platform/registry.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 #include "ui/list_box.h"
 
 namespace wh {
@@ -88,7 +89,7 @@ std::vector<std::string> run_history_lines() {
   std::vector<std::string> lines;
   // Each value ends in "\1"; a shorter one fails the cut and gives no line.
   for (const std::string& text : mru_values(explorer_key + "RunMRU"))
-    if (text.size() >= 2) lines.push_back(text.substr(0, text.size() - 2));
+    if (utf8::length(text) >= 2) lines.emplace_back(utf8::left(text, utf8::length(text) - 2));
   return lines;
 }
 
@@ -103,19 +104,16 @@ std::vector<std::string> search_history_lines() {
     HKEY key = nullptr;
     reg_open_key(HKEY_USERS, find_history_key + "\\" + sub, key);
     for (DWORD index = 0;; ++index) {
-      char name[255];
-      BYTE data[255];
-      std::fill(std::begin(name), std::end(name), ' ');
-      std::fill(std::begin(data), std::end(data), ' ');
-      DWORD name_size = 255, data_size = 255, type = 0;
-      if (reg_enum_value(key, index, name, name_size, type, data, data_size) ==
+      // Buffers of 255 blanks; they count characters, whatever their size
+      // in UTF-8.
+      std::string name(255, ' '), data(255, ' ');
+      DWORD name_size = 255, data_size = 255;
+      if (reg_enum_value_chars(key, index, name, name_size, data, data_size) ==
           ERROR_NO_MORE_ITEMS)
         break;
       // The data without its closing NUL; a longer size than the buffer
       // still takes the whole buffer.
-      if (data_size > 0)
-        lines.emplace_back(reinterpret_cast<const char*>(data),
-                           std::min<DWORD>(data_size - 1, sizeof data));
+      if (data_size > 0) lines.emplace_back(utf8::left(data, std::min<DWORD>(data_size - 1, 255)));
       // A full buffer ends the whole view, and the key stays open.
       if (data_size == 255) return lines;
     }

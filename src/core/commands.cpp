@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "platform/fso.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -11,6 +12,10 @@ size_t instr(const std::string& s, const std::string& what, size_t from = 1) {
   if (from == 0 || from > s.size()) return 0;
   size_t p = s.find(what, from - 1);
   return p == std::string::npos ? 0 : p + 1;
+}
+// The same counted in characters.
+size_t char_instr(const std::string& s, const std::string& what) {
+  return utf8::char_position(s, instr(s, what));
 }
 }  // namespace
 
@@ -27,14 +32,17 @@ std::string command_to_path(std::string s) {
     colon = next;
   if (colon == 0 || colon >= s.size() || s[colon] != '\\') colon = q;
   if (colon < 2) return {};  // no ":\", or nothing ahead of it for a drive letter
-  s = s.substr(colon - 2);
+  // From the character ahead of the colon (the drive letter).
+  s = std::string(utf8::mid(s, utf8::char_position(s, colon) - 1));
 
   // An uninstaller in its own folder: its parent is the program's folder.
-  // The positions are added up as they come, even when several are found.
+  // The positions are added up as they come, even when several are found;
+  // they count characters, and so does the cut.
   const std::string u = ucase(s);
-  const size_t k = instr(u, "\\UNINS") + instr(u, "\\SHARED~1") + instr(u, "\\SETUP\\1033");
+  const size_t k = char_instr(u, "\\UNINS") + char_instr(u, "\\SHARED~1") +
+                   char_instr(u, "\\SETUP\\1033");
   if (k != 0) {
-    s = s.substr(0, k - 1);
+    s = std::string(utf8::left(s, k - 1));
     if (s.empty() || s.back() != '\\') s += "\\cucu.exe";
     s = trim(s);
     FileSystemObject& fso = file_system();
@@ -42,8 +50,8 @@ std::string command_to_path(std::string s) {
   }
 
   // Arguments: the OR of the two positions, not the smaller of them.
-  const size_t cut = instr(s, " -") | instr(s, "/");
-  if (cut != 0) s = s.substr(0, cut - 1);
+  const size_t cut = char_instr(s, " -") | char_instr(s, "/");
+  if (cut != 0) s = std::string(utf8::left(s, cut - 1));
   return trim(s);
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "core/text.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -42,17 +43,26 @@ std::string spatiuu_text(double n, char decimal) {
 
 std::string parent_path(std::string_view path) {
   // Positions live in a byte; storing a larger one fails (ignored), so the
-  // position stays and the same search is made again.
+  // position stays and the same search is made again. They count
+  // characters: a "\\" behind byte 255 but before character 256 is reached.
   uint8_t pos = 0, last = 0;
-  size_t hit = instr(path, 1, '\\');
-  if (hit <= 255) pos = static_cast<uint8_t>(hit);
+  size_t from = 0;  // byte just behind the "\\" at `pos`
+  size_t hit = path.find('\\');
+  if (hit != std::string_view::npos && utf8::char_position(path, hit + 1) <= 255) {
+    pos = static_cast<uint8_t>(utf8::char_position(path, hit + 1));
+    from = hit + 1;
+  }
   while (pos > 0) {
     last = pos;
-    hit = instr(path, static_cast<size_t>(pos) + 1, '\\');
-    if (hit <= 255) pos = static_cast<uint8_t>(hit);
+    hit = path.find('\\', from);
+    if (hit == std::string_view::npos) break;
+    const size_t at = utf8::char_position(path, hit + 1);
+    if (at > 255) continue;  // the walk never ends, as the byte made it
+    pos = static_cast<uint8_t>(at);
+    from = hit + 1;
   }
   if (last == 0) return {};  // Left(path, -1) fails; the result stays empty
-  return std::string(path.substr(0, last - 1));
+  return std::string(utf8::left(path, last - 1u));
 }
 
 std::string file_extension(std::string_view name) {

@@ -6,11 +6,13 @@
 
 #include "core/paths.h"
 #include "core/text.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/rt_error.h"
 #include "platform/shell.h"
+#include "platform/utf8.h"
 #include "ui/form.h"
 #include "ui/list_box.h"
 
@@ -24,10 +26,10 @@ std::string cut_at_nul(std::string s) {
 }  // namespace
 
 std::string reg_get_value(HKEY hive, const std::string& subkey, const std::string& name,
-                          const std::string& def) {
+                          const std::string& def, RegView view) {
   std::string result = def;
   HKEY key = nullptr;
-  reg_open_key(hive, subkey, key);  // unchecked: a null key fails below
+  reg_open_key(hive, subkey, key, view);  // unchecked: a null key fails below
   DWORD type = 0, size = 0;
   if (reg_query_value_size(key, name, type, size) == ERROR_SUCCESS) {
     std::string buffer(size, ' ');
@@ -39,34 +41,63 @@ std::string reg_get_value(HKEY hive, const std::string& subkey, const std::strin
 }
 
 void reg_set_value(HKEY hive, const std::string& subkey, const std::string& name,
-                   const std::string& text) {
+                   const std::string& text, RegView view) {
   RegKey key;
-  key.create(hive, subkey);
+  key.create(hive, subkey, view);
   key.set(name, REG_SZ, text);
 }
 
-void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value) {
+void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value,
+                   RegView view) {
   RegKey key;
-  key.create(hive, subkey);
+  key.create(hive, subkey, view);
   key.set_dword(name, value);
 }
 
-std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey) {
+std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey, RegView view) {
   std::vector<std::string> names;
   HKEY key = nullptr;
   // The key is never closed: every call leaves one handle open.
-  reg_open_key(hive, subkey, key);
+  reg_open_key(hive, subkey, key, view);
+  // A buffer of 255 characters: room for 255 in UTF-8, and a longer name
+  // (254 and its NUL fill it) fails as it did.
   for (DWORD index = 0;; ++index) {
     std::string name;
-    if (reg_enum_key(key, index, name, 255) != ERROR_SUCCESS) break;
+    if (reg_enum_key(key, index, name, utf8::bytes_for(255)) != ERROR_SUCCESS) break;
+    if (utf8::length(name) >= 255) break;
     names.push_back(cut_at_nul(name));
   }
   return names;
 }
 
-void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name) {
+LONG reg_enum_value_chars(HKEY key, DWORD index, std::string& name, DWORD& name_size,
+                          std::string& data, DWORD& data_size) {
+  RegValue value;
+  const LONG r = reg_enum_value(key, index, value);
+  if (r != ERROR_SUCCESS) return r;
+  const DWORD n = static_cast<DWORD>(utf8::length(value.name));
+  const DWORD d = static_cast<DWORD>(utf8::length(value.data));
+  // As the A call leaves a buffer that is too small (Wine's way): long data
+  // touch nothing but the size they need; a long name fills what it can.
+  if (d > data_size) {
+    data_size = d;
+    return ERROR_MORE_DATA;
+  }
+  data = value.data;
+  data_size = d;
+  if (n >= name_size) {  // no room for the NUL behind it
+    name = std::string(utf8::left(value.name, name_size > 0 ? name_size - 1 : 0));
+    return ERROR_MORE_DATA;
+  }
+  name = value.name;
+  name_size = n;
+  return ERROR_SUCCESS;
+}
+
+void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name,
+                      RegView view) {
   RegKey key;
-  key.open(hive, subkey);
+  key.open(hive, subkey, view);
   key.delete_value(name);
 }
 
@@ -75,11 +106,16 @@ std::string spatiuu(double& n) { return spatiuu_text(n, locale_decimal()); }
 std::string short_path(const std::string& path) {
   // The routine's buffer holds 165 characters but tells the call 255; the
   // answer can never be longer than the buffer. Our buffer really is 255
-  // long so that nothing is overrun, and only its first 165 count.
+  // characters long so that nothing is overrun, and only its first 165
+  // count. Characters, not bytes: a UTF-8 answer of 254 characters fits,
+  // a longer one fails as it did and leaves the buffer's NULs.
   constexpr size_t held = 165;
-  char buffer[256] = {};
-  DWORD n = get_short_path_name(path, buffer, 255);
-  return std::string(buffer, std::min<size_t>(n, held));
+  char buffer[utf8::bytes_for(255) + 1] = {};
+  DWORD n = get_short_path_name(path, buffer, utf8::bytes_for(255));
+  if (n >= utf8::bytes_for(255)) return std::string(std::min<size_t>(n, held), '\0');
+  const std::string_view answer(buffer, n);
+  if (utf8::length(answer) >= 255) return std::string(held, '\0');
+  return std::string(utf8::left(answer, held));
 }
 
 std::string special_folder(int csidl) { return special_folder_path(csidl); }
@@ -149,7 +185,8 @@ int form_text_width(const Form&, const std::string& text) {
     return made;
   }();
   SIZE size{};
-  GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+  const std::wstring w = wide_text(text);  // GDI's A calls miss UTF-8
+  GetTextExtentPoint32W(dc, w.c_str(), static_cast<int>(w.size()), &size);
   return size.cx;
 }
 }  // namespace

@@ -7,22 +7,38 @@
 #include <string>
 #include <vector>
 
+#include "platform/registry.h"
+
 namespace wh {
 
 class ListBox;
 
 // --- registry, through the single-byte code page
+// Each takes the view of HKLM\Software last (platform/registry.h); the
+// default is the old calls' own.
 // The value's bytes up to the first NUL, whatever its type (a number comes
 // back as its raw bytes); `def` when the value cannot be read.
 std::string reg_get_value(HKEY hive, const std::string& subkey, const std::string& name,
-                          const std::string& def = {});
+                          const std::string& def = {}, RegView view = RegView::native);
 // REG_SZ of exactly the text's characters (no NUL), the path made if missing.
 void reg_set_value(HKEY hive, const std::string& subkey, const std::string& name,
-                   const std::string& text);
-void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value);
+                   const std::string& text, RegView view = RegView::native);
+void reg_set_dword(HKEY hive, const std::string& subkey, const std::string& name, DWORD value,
+                   RegView view = RegView::native);
 // The subkey names; no elements when the key cannot be opened or has none.
-std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey);
-void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name);
+std::vector<std::string> reg_enum_keys(HKEY hive, const std::string& subkey,
+                                       RegView view = RegView::native);
+// RegEnumValueA into a name and a data buffer that hold so many characters,
+// as the program's byte buffers did before its text was UTF-8. `name_size`
+// and `data_size` go in as the buffers' sizes and come out as the lengths,
+// both in characters (the data's NUL counts). Too long for its buffer gives
+// ERROR_MORE_DATA as the A call does under Wine: data leave the buffers as
+// they came and set the size they need; a name fills its buffer and keeps
+// its size. Any other failure leaves everything as it came in.
+LONG reg_enum_value_chars(HKEY key, DWORD index, std::string& name, DWORD& name_size,
+                          std::string& data, DWORD& data_size);
+void reg_delete_value(HKEY hive, const std::string& subkey, const std::string& name,
+                      RegView view = RegView::native);
 
 // --- sizes, paths and names
 // The size text with the user's decimal symbol (see spatiuu_text).

@@ -14,6 +14,11 @@ double val(std::string_view text);
 // is not one. Used where the original conversion would fail on bad text.
 bool parse_number(std::string_view text, double& out);
 
+// Upper and lower case of ASCII and of the letters of the Latin (with
+// Romanian's ș and ț), Greek, Cyrillic and Armenian alphabets whose two
+// cases take as many bytes in UTF-8: every byte keeps its position, so a
+// position found in the upper-cased text holds in the text itself. Other
+// characters stay as they are.
 std::string ucase(std::string_view s);
 std::string lcase(std::string_view s);
 // Blanks (spaces only) off both ends.

@@ -1,7 +1,9 @@
 #include "core/version_info.h"
 
 #include <cstdio>
+#include <cstring>
 
+#include "platform/utf8.h"
 #include "platform/version.h"
 
 namespace wh {
@@ -29,10 +31,14 @@ int32_t file_version_info(const std::string& path, VersionStrings& out) {
   const std::string table = "\\StringFileInfo\\" + translation_digits(b[0], b[1], b[2], b[3]) + "\\";
   for (int i = 0; i < 8; ++i) {
     if (!ver_query_value(block, table + names[i], data, length)) continue;
-    // A 255-character buffer, cut at its first NUL.
-    std::string text(data, length < 255 ? length : 255);
-    text = text.substr(0, text.find('\0'));
-    out[i] = text;
+    // A 255-character buffer, cut at its first NUL: the text up to its NUL
+    // inside the block (the length the call gives need not count UTF-8
+    // bytes), then 255 characters of it.
+    const bool inside = data >= block.data() && data < block.data() + block.size();
+    const size_t room =
+        inside ? static_cast<size_t>(block.data() + block.size() - data) : length;
+    const std::string_view text(data, strnlen(data, room));
+    out[i] = std::string(utf8::left(text, 255));
   }
   return 1;
 }

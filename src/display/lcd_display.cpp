@@ -5,6 +5,7 @@
 
 #include "display/dither.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -443,8 +444,15 @@ void kaLCDDisplay::Clear() {
 
 std::string kaLCDDisplay::place_text(int row, std::string text, int align, int col) {
   if (row < 1 || row > total_rows_) raise(rt_subscript);
-  for (char& ch : text)
-    if (static_cast<unsigned char>(ch) > 126) ch = ' ';
+  // One cell per character: a character above code 126 (a whole UTF-8
+  // sequence, or a byte that starts none) becomes one blank.
+  std::string cells;
+  cells.reserve(text.size());
+  for (std::size_t at = 0; at < text.size(); at += utf8::char_size(text, at)) {
+    const auto c = static_cast<unsigned char>(text[at]);
+    cells += c > 126 ? ' ' : static_cast<char>(c);
+  }
+  text = std::move(cells);
   const int cols = total_cols_;
   const int free = std::max(0, cols - static_cast<int>(text.size()));
   // With the default col of 1 the line keeps its last column: 19 of 20 show.

@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "platform/fso.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -97,7 +98,7 @@ bool DiskPage::has_up() const { return list.ListCount() > 0 && list.List(0) == "
 
 std::string DiskPage::child_path(const std::string& name) const {
   const std::string here = back.Caption();
-  return here.size() == 3 ? here + name : here + "\\" + name;
+  return utf8::length(here) == 3 ? here + name : here + "\\" + name;
 }
 
 void DiskPage::show_space() {
@@ -128,14 +129,14 @@ void DiskPage::afisdirs(const std::string& given, bool select_saved) {
   form_.lcd.Clear();
   form_.lcd.WriteText(english() ? "Creating report..." : "Se creeaza lista...");
   std::string path = given;
-  if (path.size() == 2) path += "\\";
+  if (utf8::length(path) == 2) path += "\\";
   folders.clear();
   files.clear();
   FileSystemObject& fso = file_system();
   Folder folder;
   // From here on a failure leaves what it failed on empty, and the listing goes on.
   fso.GetFolder(path, folder);
-  const bool root = path.size() == 3;
+  const bool root = utf8::length(path) == 3;
   total_ = 0;
   if (!root) {
     ignore_errors([&] {
@@ -222,7 +223,7 @@ void DiskPage::list_DblClick() {
     std::string up = back.Caption();
     const size_t slash = up.rfind('\\');
     up = trim(slash == std::string::npos ? up : up.substr(0, slash));
-    if (up.size() == 2) {
+    if (utf8::length(up) == 2) {
       up += "\\";
       dirprogress.Caption("");
     }
@@ -332,7 +333,7 @@ void DiskPage::del_block() {
   hide_preview();
   Drive3.Width(200);
   FileSystemObject& fso = file_system();
-  const bool root = back.Caption().size() == 3;
+  const bool root = utf8::length(back.Caption()) == 3;
   int i = 0;
   while (i < list.ListCount()) {
     const std::string line = list.List(i);

@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "platform/files.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -31,7 +32,7 @@ std::string mask_text(const std::array<bool, 5>& markers, const std::vector<std:
 }
 
 std::string mask_pattern(const std::string& text) {
-  return text.empty() ? text : text.substr(0, text.size() - 1);
+  return text.empty() ? text : std::string(utf8::left(text, utf8::length(text) - 1));
 }
 
 namespace {

@@ -6,9 +6,11 @@
 #include "core/routines.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -69,7 +71,8 @@ struct Gdi {
     ::SetBkMode(dc, TRANSPARENT);
     ::SetTextColor(dc, color);
     RECT rc{l, t, r, b};
-    ::DrawTextA(dc, s.c_str(), -1, &rc, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    const std::wstring w = wide_text(s);  // GDI's A calls miss UTF-8
+    ::DrawTextW(dc, w.c_str(), static_cast<int>(w.size()), &rc, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     ::SelectObject(dc, of);
     ::DeleteObject(f);
   }
@@ -314,7 +317,8 @@ void DuplicatesPage::Text7_KeyDown(int& key, int) {
   for (int i = 0; i < List5.ListCount(); ++i)
     if (List5.List(i) == text) at = i;
   if (at < 0) {
-    List5.AddItem(text.size() == 3 && text.find('.') == std::string::npos ? "*." + text : text);
+    const bool bare = utf8::length(text) == 3 && text.find('.') == std::string::npos;
+    List5.AddItem(bare ? "*." + text : text);
     at = List5.NewIndex();
     List5.Selected(at, true);
   }

@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -138,7 +139,7 @@ void ShredPage::del_block() {
     form_.Label39.Caption("");
   } else if (fso.FolderExists(path)) {
     form_.mark.Visible(true);
-    if (path.size() <= 3) {
+    if (utf8::length(path) <= 3) {
       // A root, or a drive given as "C:".
       form_.Label39.Caption("");
       msg_box(english() ? "You can not shred the entire drive!"

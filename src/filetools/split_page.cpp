@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -19,7 +20,7 @@ bool english() { return language_flag == 1; }
 
 constexpr COLORREF tab_active = 33023;     // orange
 constexpr COLORREF tab_idle = 14215660;
-constexpr char old_fragment_mark = '\xAE';  // the registered sign
+constexpr const char* old_fragment_mark = "\xC2\xAE";  // the registered sign, U+00AE
 
 double file_length(const std::string& path) {
   File f;
@@ -319,7 +320,9 @@ void SplitPage::size_KeyPress(int& key) {
             MB_ICONEXCLAMATION);
   }
   if (key != symbol && key != '0') {
-    if (val(std::string(1, static_cast<char>(key))) == 0 && key != VK_BACK) key = 0;
+    // A key outside ASCII (a UTF-16 unit) has no numeric value either.
+    const bool number = key < 128 && val(std::string(1, static_cast<char>(key))) != 0;
+    if (!number && key != VK_BACK) key = 0;
   }
 }
 
@@ -362,7 +365,7 @@ void SplitPage::fragment_dropped(const std::string& path, DropTarget target) {
   // Only fragments of an older naming carry this sign; none of ours do. (A
   // second test on the last character always passed and adds nothing.)
   if (path.find(old_fragment_mark) != std::string::npos) {
-    const std::string first = path.substr(0, path.size() - 1) + "1";
+    const std::string first = std::string(utf8::left(path, utf8::length(path) - 1)) + "1";
     if (fso.FileExists(first)) {
       if (target == DropTarget::splity) form_.splity_Click();
       Label2_Click();

@@ -9,6 +9,7 @@
 #include "core/paths.h"
 #include "core/routines.h"
 #include "core/text.h"
+#include "platform/code_pages.h"
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/rt_error.h"
@@ -50,9 +51,12 @@ void write_batch(const std::string& destination, const std::string& file, int la
   }
   const std::string text =
       batch_text(language, file, split_short_name, names, batch, delete_after_merge);
+  // cmd reads a batch file in the system's OEM code page, not in ours: the
+  // text goes over when every character has a place there.
+  const std::string bytes = text_for_code_page(text, system_oem_code_page());
   BinaryFile out;
   check(out.open_binary(batch));
-  check(out.write_at(0, text.data(), static_cast<DWORD>(text.size())));
+  check(out.write_at(0, bytes.data(), static_cast<DWORD>(bytes.size())));
 }
 
 int16_t split_steps(const std::string& source, std::string& destination, int32_t fragment_bytes,

@@ -2,6 +2,7 @@
 // hold the text, ENTER acts on them, CTRL+F puts the box away.
 #include "core/text.h"
 #include "form/mainu.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -13,8 +14,9 @@ void Mainu::Text6_Change() {
   }
   ListBox& list = uninstall_page.List1;
   const std::string wanted = ucase(text);
+  const bool enough = utf8::length(text) >= 3;  // three characters, not bytes
   for (int i = 0; i < list.ListCount(); ++i)
-    list.Selected(i, text.size() >= 3 && ucase(list.List(i)).find(wanted) != std::string::npos);
+    list.Selected(i, enough && ucase(list.List(i)).find(wanted) != std::string::npos);
 }
 
 void Mainu::Text6_KeyPress(int& ascii) {

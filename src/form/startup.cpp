@@ -24,6 +24,7 @@
 #include "platform/fso.h"
 #include "platform/processes.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -259,11 +260,16 @@ void Mainu::start_with_paths(const std::string& tail) {
     end_program();
   } else if (choose_result == 1) {
     std::string file = tail;
-    if (file.find('"') != std::string::npos) file = file.substr(1, file.size() - 2);
+    // One character off each end, and the drive's first character: whole
+    // characters, not bytes.
+    if (file.find('"') != std::string::npos) {
+      const size_t n = utf8::length(file);
+      file = std::string(utf8::mid(file, 2, n >= 2 ? n - 2 : 0));
+    }
     if (!file_system().FileExists(file)) end_program();
     // The splitter's page takes the file from here.
     split_page.dir1.Path(parent_path(file));
-    split_page.Drive2.Drive(file.substr(0, 1));
+    split_page.Drive2.Drive(std::string(utf8::left(file, 1)));
     split_page.File1.Path(split_page.dir1.Path());
     const std::string name = ucase(path_part(file, 6));
     for (int i = 0; i < split_page.File1.ListCount(); ++i) {

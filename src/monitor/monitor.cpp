@@ -8,15 +8,13 @@
 #include "platform/fso.h"
 #include "platform/memory.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
 namespace {
 constexpr int panel_width = 18;  // the drive line's stretch
-std::string pad_to(std::string s, size_t n) {
-  if (s.size() < n) s.resize(n, ' ');
-  return s;
-}
+std::string pad_to(const std::string& s, size_t n) { return utf8::pad_right(s, n); }
 }  // namespace
 
 SystemMonitor::SystemMonitor(MainForm& form, DriveListBox& drive_list, RamRelease& ram,
@@ -51,7 +49,7 @@ void SystemMonitor::run() {
     });
   }
   drive_text = drives;
-  drive_length = static_cast<uint8_t>(drive_text.size());
+  drive_length = static_cast<uint8_t>(utf8::length(drive_text));
   if (drive_length >= 20) {
     if (!form_.Timer2.Enabled()) {
       scroll_forward = !scroll_forward;
@@ -101,11 +99,13 @@ void SystemMonitor::automatic_release(double avail_phys) {
 
 void SystemMonitor::Timer2_Timer() {
   if (!panel_idle()) return;
+  // Positions and widths count characters.
   const std::string line = drive_text + std::string(19, ' ');
-  const int last = static_cast<int>(line.size()) - panel_width + 1;  // last window start
+  const int last = static_cast<int>(utf8::length(line)) - panel_width + 1;  // last window start
   if (scroll_pos_ < 1) scroll_pos_ = 1;
   if (scroll_pos_ > last) scroll_pos_ = last;
-  form_.lcd.WriteText(line.substr(static_cast<size_t>(scroll_pos_ - 1), panel_width), 0, 1);
+  form_.lcd.WriteText(std::string(utf8::mid(line, static_cast<size_t>(scroll_pos_), panel_width)),
+                      0, 1);
   // One way per run: the monitor routine flips the flags and starts again.
   if (scroll_forward) {
     if (scroll_pos_ >= last) form_.Timer2.Enabled(false);

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "platform/code_pages.h"
 #include "platform/rt_error.h"
 
 namespace wh {
@@ -10,21 +11,26 @@ bool open_clipboard(HWND owner) { return OpenClipboard(owner) != 0; }
 bool empty_clipboard() { return EmptyClipboard() != 0; }
 bool close_clipboard() { return CloseClipboard() != 0; }
 
+// Text goes as CF_UNICODETEXT: the CF_TEXT that Windows makes from it for
+// others, and for us, takes the clipboard locale's code page, not ours, and
+// loses every letter outside it.
 int clipboard_set_text(const std::string& text, HWND owner) {
   ClipboardLock lock(owner);
   if (!lock.is_open()) return rt_permission_denied;
   if (!empty_clipboard()) return rt_permission_denied;
-  HGLOBAL mem = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  const std::wstring wide = wide_text(text);
+  const SIZE_T bytes = (wide.size() + 1) * sizeof(wchar_t);
+  HGLOBAL mem = GlobalAlloc(GMEM_MOVEABLE, bytes);
   if (!mem) return rt_out_of_memory;
   void* p = GlobalLock(mem);
   if (!p) {
     GlobalFree(mem);
     return rt_out_of_memory;
   }
-  std::memcpy(p, text.c_str(), text.size() + 1);
+  std::memcpy(p, wide.c_str(), bytes);
   GlobalUnlock(mem);
   // On success the clipboard owns the memory; on failure it is still ours.
-  if (!SetClipboardData(CF_TEXT, mem)) {
+  if (!SetClipboardData(CF_UNICODETEXT, mem)) {
     GlobalFree(mem);
     return rt_permission_denied;
   }
@@ -35,15 +41,15 @@ int clipboard_get_text(std::string& text, HWND owner) {
   text.clear();
   ClipboardLock lock(owner);
   if (!lock.is_open()) return rt_permission_denied;
-  HANDLE data = GetClipboardData(CF_TEXT);
+  HANDLE data = GetClipboardData(CF_UNICODETEXT);
   if (!data) return rt_ok;
-  const char* p = static_cast<const char*>(GlobalLock(data));
+  const auto* p = static_cast<const wchar_t*>(GlobalLock(data));
   if (!p) return rt_ok;
   // The block may be larger than the text and need not end in a NUL.
-  SIZE_T size = GlobalSize(data);
+  const SIZE_T size = GlobalSize(data) / sizeof(wchar_t);
   SIZE_T n = 0;
   while (n < size && p[n]) ++n;
-  text.assign(p, n);
+  text = narrow_text(std::wstring_view(p, n));
   GlobalUnlock(data);
   return rt_ok;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/fso.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -109,7 +110,7 @@ int BinaryFile::set_length(std::int64_t bytes) const {
 // --- places
 
 std::string temp_path() {
-  char buf[MAX_PATH + 1];
+  char buf[utf8::bytes_for(MAX_PATH) + 1];
   DWORD n = GetTempPathA(sizeof buf, buf);
   return n == 0 || n > sizeof buf ? std::string() : std::string(buf, n);
 }
@@ -150,7 +151,7 @@ std::string app_exe_name() {
 }
 
 std::string current_drive_root() {
-  char buf[MAX_PATH + 1];
+  char buf[utf8::bytes_for(MAX_PATH) + 1];
   DWORD n = GetCurrentDirectoryA(sizeof buf, buf);
   if (n == 0 || n > sizeof buf) return {};
   std::string dir(buf, n);

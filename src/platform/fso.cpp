@@ -2,8 +2,10 @@
 
 #include <vector>
 
+#include "platform/file_find.h"
 #include "platform/handles.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -98,10 +100,6 @@ std::string strip_trailing_seps(const std::string& path) {
   return path.substr(0, end);
 }
 
-double size_of(const WIN32_FIND_DATAA& fd) {
-  return static_cast<double>(fd.nFileSizeHigh) * 4294967296.0 + fd.nFileSizeLow;
-}
-
 // No "insert a disk" boxes while probing removable and network drives.
 class QuietErrors {
 public:
@@ -115,23 +113,24 @@ private:
 };
 
 // Lists `pattern`, calling f for each entry but "." and "..". 0 when the
-// listing opened (even if empty), else the Win32 error.
+// listing opened (even if empty), else the Win32 error. The cheapest
+// listing (no short names, big batches); Wine 8 gains little from it: its
+// cost is the stat of each entry.
 template <class F>
 DWORD list(const std::string& pattern, F&& f) {
-  WIN32_FIND_DATAA fd;
-  FindHandle h(find_first_file(pattern, fd));
-  if (!h) return GetLastError();
+  FileFind find(pattern, true);
+  if (!find.found()) return find.error();
   do {
-    if (!is_dots(fd.cFileName)) f(fd);
-  } while (FindNextFileA(h.get(), &fd));
+    if (!is_dots(find.entry().name.c_str())) f(find.entry());
+  } while (find.next());
   return ERROR_SUCCESS;
 }
 
 // The matches of a pattern, kept apart by kind. A failed listing counts as no match.
-std::vector<WIN32_FIND_DATAA> matches(const std::string& pattern, bool folders) {
-  std::vector<WIN32_FIND_DATAA> out;
-  list(pattern, [&](const WIN32_FIND_DATAA& fd) {
-    if (((fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folders) out.push_back(fd);
+std::vector<FoundEntry> matches(const std::string& pattern, bool folders) {
+  std::vector<FoundEntry> out;
+  list(pattern, [&](const FoundEntry& fd) {
+    if (((fd.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == folders) out.push_back(fd);
   });
   return out;
 }
@@ -154,15 +153,15 @@ int delete_tree(const std::string& path, DWORD attributes, bool force) {
   if (!(attributes & kProtected) && RemoveDirectoryA(path.c_str())) return rt_ok;
   // A junction or symbolic link goes as a link: never walk into its target.
   if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) {
-    std::vector<WIN32_FIND_DATAA> entries;
-    DWORD e = list(join(path, "*"), [&](const WIN32_FIND_DATAA& fd) { entries.push_back(fd); });
+    std::vector<FoundEntry> entries;
+    DWORD e = list(join(path, "*"), [&](const FoundEntry& fd) { entries.push_back(fd); });
     if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && e != ERROR_NO_MORE_FILES)
       return rt_from_win32(e);
     for (const auto& fd : entries) {
-      std::string child = join(path, fd.cFileName);
-      int r = (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-                  ? delete_tree(child, fd.dwFileAttributes, force)
-                  : delete_one_file(child, fd.dwFileAttributes, force);
+      std::string child = join(path, fd.name);
+      int r = (fd.attributes & FILE_ATTRIBUTE_DIRECTORY)
+                  ? delete_tree(child, fd.attributes, force)
+                  : delete_one_file(child, fd.attributes, force);
       if (r) return r;
     }
   }
@@ -181,15 +180,15 @@ int copy_tree(const std::string& from, const std::string& to, bool overwrite) {
     DWORD a = GetFileAttributesA(to.c_str());
     if (!(a & FILE_ATTRIBUTE_DIRECTORY)) return rt_file_exists;
   }
-  std::vector<WIN32_FIND_DATAA> entries;
-  DWORD e = list(join(from, "*"), [&](const WIN32_FIND_DATAA& fd) { entries.push_back(fd); });
+  std::vector<FoundEntry> entries;
+  DWORD e = list(join(from, "*"), [&](const FoundEntry& fd) { entries.push_back(fd); });
   if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && e != ERROR_NO_MORE_FILES)
     return rt_from_win32(e);
   for (const auto& fd : entries) {
-    std::string src = join(from, fd.cFileName);
-    std::string dst = join(to, fd.cFileName);
+    std::string src = join(from, fd.name);
+    std::string dst = join(to, fd.name);
     int r = rt_ok;
-    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+    if (fd.attributes & FILE_ATTRIBUTE_DIRECTORY) {
       r = copy_tree(src, dst, overwrite);
     } else if (!::CopyFileA(src.c_str(), dst.c_str(), !overwrite)) {
       r = rt_from_win32(GetLastError());
@@ -213,9 +212,9 @@ bool same_or_inside(const std::string& inner, const std::string& outer) {
 // "\" (or any wildcard source) means "into that folder", which must exist.
 struct Transfer {
   std::string folder;
-  std::vector<WIN32_FIND_DATAA> found;
+  std::vector<FoundEntry> found;
   std::vector<std::string> targets;
-  std::string from(size_t i) const { return folder + found[i].cFileName; }
+  std::string from(size_t i) const { return folder + found[i].name; }
 };
 
 int plan_transfer(std::string source, const std::string& destination, bool folders,
@@ -231,34 +230,13 @@ int plan_transfer(std::string source, const std::string& destination, bool folde
                     has_wildcards(split(source).name);
   if (into && !file_system().FolderExists(destination)) return rt_path_not_found;
   for (const auto& fd : t.found) {
-    std::string to = into ? join(destination, fd.cFileName) : destination;
+    std::string to = into ? join(destination, fd.name) : destination;
     t.targets.push_back(folders ? strip_trailing_seps(to) : to);
   }
   return rt_ok;
 }
 
 }  // namespace
-
-// --- listings
-
-namespace {
-bool g_basic_find_refused = false;
-}  // namespace
-
-HANDLE find_first_file(const std::string& pattern, WIN32_FIND_DATAA& fd) {
-  // FindExInfoBasic skips the short names and LARGE_FETCH asks for bigger
-  // batches: together the cheapest listing. Windows before 7 refuses them
-  // with ERROR_INVALID_PARAMETER; then the plain call is used from there on.
-  // Wine 8 takes both but gains little: its cost is the stat of each entry.
-  // Matching is the same either way: "*.htm" takes "page.html" on Wine.
-  if (!g_basic_find_refused) {
-    HANDLE h = FindFirstFileExA(pattern.c_str(), FindExInfoBasic, &fd, FindExSearchNameMatch,
-                                nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (h != INVALID_HANDLE_VALUE || GetLastError() != ERROR_INVALID_PARAMETER) return h;
-    g_basic_find_refused = true;
-  }
-  return FindFirstFileA(pattern.c_str(), &fd);
-}
 
 // --- Folder
 
@@ -270,17 +248,17 @@ bool Folder::IsRootFolder() const { return split(path_).name.empty(); }
 
 int Folder::Files(std::vector<File>& out) const {
   out.clear();
-  DWORD e = list(join(path_, "*"), [&](const WIN32_FIND_DATAA& fd) {
-    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return;
-    out.push_back(File{fd.cFileName, join(path_, fd.cFileName), size_of(fd), fd.dwFileAttributes});
+  DWORD e = list(join(path_, "*"), [&](const FoundEntry& fd) {
+    if (fd.attributes & FILE_ATTRIBUTE_DIRECTORY) return;
+    out.push_back(File{fd.name, join(path_, fd.name), fd.size, fd.attributes});
   });
   return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
 }
 
 int Folder::SubFolders(std::vector<Folder>& out) const {
   out.clear();
-  DWORD e = list(join(path_, "*"), [&](const WIN32_FIND_DATAA& fd) {
-    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) out.emplace_back(join(path_, fd.cFileName));
+  DWORD e = list(join(path_, "*"), [&](const FoundEntry& fd) {
+    if (fd.attributes & FILE_ATTRIBUTE_DIRECTORY) out.emplace_back(join(path_, fd.name));
   });
   return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
 }
@@ -288,11 +266,11 @@ int Folder::SubFolders(std::vector<Folder>& out) const {
 int Folder::Entries(std::vector<File>& files, std::vector<Folder>& folders) const {
   files.clear();
   folders.clear();
-  DWORD e = list(join(path_, "*"), [&](const WIN32_FIND_DATAA& fd) {
-    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-      folders.emplace_back(join(path_, fd.cFileName));
+  DWORD e = list(join(path_, "*"), [&](const FoundEntry& fd) {
+    if (fd.attributes & FILE_ATTRIBUTE_DIRECTORY)
+      folders.emplace_back(join(path_, fd.name));
     else
-      files.push_back(File{fd.cFileName, join(path_, fd.cFileName), size_of(fd), fd.dwFileAttributes});
+      files.push_back(File{fd.name, join(path_, fd.name), fd.size, fd.attributes});
   });
   return e == ERROR_SUCCESS || e == ERROR_FILE_NOT_FOUND ? rt_ok : rt_from_win32(e);
 }
@@ -328,12 +306,12 @@ int Folder::Size(double& size) const {
     std::string folder = std::move(pending.back());
     pending.pop_back();
     pattern = join(folder, "*");
-    DWORD e = list(pattern, [&](const WIN32_FIND_DATAA& fd) {
-      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-        if (!(fd.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT))
-          pending.push_back(join(folder, fd.cFileName));
+    DWORD e = list(pattern, [&](const FoundEntry& fd) {
+      if (fd.attributes & FILE_ATTRIBUTE_DIRECTORY) {
+        if (!(fd.attributes & FILE_ATTRIBUTE_REPARSE_POINT))
+          pending.push_back(join(folder, fd.name));
       } else {
-        size += size_of(fd);
+        size += fd.size;
       }
     });
     if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && result == rt_ok)
@@ -411,7 +389,7 @@ int Drive::FileSystem(std::string& name) const {
 // --- FileSystemObject: objects and tests
 
 int FileSystemObject::GetSpecialFolder(int which, Folder& out) const {
-  char buf[MAX_PATH + 1] = {};
+  char buf[utf8::bytes_for(MAX_PATH) + 1] = {};
   UINT n = 0;
   if (which == 0)
     n = GetWindowsDirectoryA(buf, sizeof buf);
@@ -525,7 +503,7 @@ int FileSystemObject::DeleteFile(const std::string& pattern, bool force) const {
   auto found = matches(pattern, false);
   if (found.empty()) return rt_file_not_found;
   for (const auto& fd : found) {
-    int r = delete_one_file(folder + fd.cFileName, fd.dwFileAttributes, force);
+    int r = delete_one_file(folder + fd.name, fd.attributes, force);
     if (r) return r;
   }
   return rt_ok;
@@ -545,7 +523,7 @@ int FileSystemObject::DeleteFolder(const std::string& pattern, bool force) const
   auto found = matches(s, true);
   if (found.empty()) return rt_path_not_found;
   for (const auto& fd : found) {
-    int r = delete_tree(folder + fd.cFileName, fd.dwFileAttributes, force);
+    int r = delete_tree(folder + fd.name, fd.attributes, force);
     if (r) return r;
   }
   return rt_ok;
@@ -646,7 +624,7 @@ std::string FileSystemObject::BuildPath(const std::string& path, const std::stri
 }
 
 std::string FileSystemObject::GetAbsolutePathName(const std::string& path) const {
-  char buf[MAX_PATH * 2];
+  char buf[utf8::bytes_for(MAX_PATH * 2)];
   DWORD n = GetFullPathNameA(path.empty() ? "." : path.c_str(), sizeof buf, buf, nullptr);
   if (n == 0 || n >= sizeof buf) return path;
   return strip_trailing_seps(std::string(buf, n));

@@ -18,12 +18,6 @@ namespace wh {
 // Win32 error -> run-time error number (0 stays 0). Used throughout.
 int rt_from_win32(DWORD error);
 
-// The first entry of a listing, for the listings that never read the short
-// name: FindFirstFileExA with FindExInfoBasic and FIND_FIRST_EX_LARGE_FETCH,
-// or FindFirstFileA where the system refuses those (before Windows 7). Go
-// on with FindNextFileA, end with FindClose.
-HANDLE find_first_file(const std::string& pattern, WIN32_FIND_DATAA& fd);
-
 // One file as a folder listing sees it.
 struct File {
   std::string Name;

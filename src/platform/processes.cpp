@@ -6,6 +6,7 @@
 
 #include "platform/fso.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -82,8 +83,11 @@ std::vector<WindowEntry> top_level_windows() {
 std::string get_window_text(HWND hwnd) {
   int n = GetWindowTextLengthA(hwnd);
   if (n <= 0) return {};
-  std::string text(static_cast<size_t>(n) + 1, '\0');
-  int got = GetWindowTextA(hwnd, text.data(), n + 1);
+  // The length of another process's Unicode title may count characters:
+  // room for them in UTF-8.
+  const int room = static_cast<int>(utf8::bytes_for(static_cast<size_t>(n))) + 1;
+  std::string text(static_cast<size_t>(room), '\0');
+  int got = GetWindowTextA(hwnd, text.data(), room);
   text.resize(got > 0 ? static_cast<size_t>(got) : 0);
   return text;
 }

@@ -4,19 +4,39 @@
 
 namespace wh {
 
-LONG reg_open_key(HKEY hive, const std::string& subkey, HKEY& out) {
-  out = nullptr;
-  return RegOpenKeyA(hive, subkey.c_str(), &out);
+REGSAM view_access(RegView view) {
+  switch (view) {
+    case RegView::reg64: return KEY_WOW64_64KEY;
+    case RegView::reg32: return KEY_WOW64_32KEY;
+    default: return 0;
+  }
 }
 
-LONG reg_open_key_ex(HKEY hive, const std::string& subkey, REGSAM access, HKEY& out) {
-  out = nullptr;
-  return RegOpenKeyExA(hive, subkey.c_str(), 0, access, &out);
+const std::vector<RegView>& software_views(HKEY hive) {
+  static const std::vector<RegView> machine{RegView::reg64, RegView::reg32};
+  static const std::vector<RegView> one{RegView::native};
+  return hive == HKEY_LOCAL_MACHINE ? machine : one;
 }
 
-LONG reg_create_key(HKEY hive, const std::string& subkey, HKEY& out) {
+// RegOpenKeyA and RegCreateKeyA ask for MAXIMUM_ALLOWED; their Ex forms in a
+// view ask for the same.
+LONG reg_open_key(HKEY hive, const std::string& subkey, HKEY& out, RegView view) {
   out = nullptr;
-  return RegCreateKeyA(hive, subkey.c_str(), &out);
+  if (view == RegView::native) return RegOpenKeyA(hive, subkey.c_str(), &out);
+  return RegOpenKeyExA(hive, subkey.c_str(), 0, MAXIMUM_ALLOWED | view_access(view), &out);
+}
+
+LONG reg_open_key_ex(HKEY hive, const std::string& subkey, REGSAM access, HKEY& out,
+                     RegView view) {
+  out = nullptr;
+  return RegOpenKeyExA(hive, subkey.c_str(), 0, access | view_access(view), &out);
+}
+
+LONG reg_create_key(HKEY hive, const std::string& subkey, HKEY& out, RegView view) {
+  out = nullptr;
+  if (view == RegView::native) return RegCreateKeyA(hive, subkey.c_str(), &out);
+  return RegCreateKeyExA(hive, subkey.c_str(), 0, nullptr, 0, MAXIMUM_ALLOWED | view_access(view),
+                         nullptr, &out, nullptr);
 }
 
 LONG reg_close_key(HKEY key) { return RegCloseKey(key); }
@@ -106,17 +126,18 @@ LONG reg_enum_value(HKEY key, DWORD index, RegValue& value) {
   }
 }
 
-LONG reg_delete_key(HKEY key, const std::string& subkey) {
-  return RegDeleteKeyA(key, subkey.c_str());
+LONG reg_delete_key(HKEY key, const std::string& subkey, RegView view) {
+  if (view == RegView::native) return RegDeleteKeyA(key, subkey.c_str());
+  return RegDeleteKeyExA(key, subkey.c_str(), view_access(view), 0);
 }
 
 LONG reg_delete_value(HKEY key, const std::string& name) {
   return RegDeleteValueA(key, name.c_str());
 }
 
-LONG reg_delete_tree(HKEY key, const std::string& subkey) {
+LONG reg_delete_tree(HKEY key, const std::string& subkey, RegView view) {
   HKEY raw = nullptr;
-  LONG r = RegOpenKeyExA(key, subkey.c_str(), 0, KEY_READ | KEY_WRITE, &raw);
+  LONG r = RegOpenKeyExA(key, subkey.c_str(), 0, KEY_READ | KEY_WRITE | view_access(view), &raw);
   if (r != ERROR_SUCCESS) return r;
   KeyHandle k(raw);
   // Names first: deleting while enumerating shifts the indexes.
@@ -124,31 +145,32 @@ LONG reg_delete_tree(HKEY key, const std::string& subkey) {
   std::string name;
   for (DWORD i = 0; reg_enum_key(k.get(), i, name, 260) == ERROR_SUCCESS; ++i)
     children.push_back(name);
+  // Below an opened key the handle's view holds.
   for (const auto& child : children) {
-    r = reg_delete_tree(k.get(), child);
+    r = reg_delete_tree(k.get(), child, view);
     if (r != ERROR_SUCCESS) return r;
   }
   k.reset();
-  return RegDeleteKeyA(key, subkey.c_str());
+  return reg_delete_key(key, subkey, view);
 }
 
-LONG RegKey::open(HKEY hive, const std::string& subkey) {
+LONG RegKey::open(HKEY hive, const std::string& subkey, RegView view) {
   HKEY raw = nullptr;
-  LONG r = reg_open_key(hive, subkey, raw);
+  LONG r = reg_open_key(hive, subkey, raw, view);
   key_.reset(r == ERROR_SUCCESS ? raw : nullptr);
   return r;
 }
 
-LONG RegKey::open(HKEY hive, const std::string& subkey, REGSAM access) {
+LONG RegKey::open(HKEY hive, const std::string& subkey, REGSAM access, RegView view) {
   HKEY raw = nullptr;
-  LONG r = reg_open_key_ex(hive, subkey, access, raw);
+  LONG r = reg_open_key_ex(hive, subkey, access, raw, view);
   key_.reset(r == ERROR_SUCCESS ? raw : nullptr);
   return r;
 }
 
-LONG RegKey::create(HKEY hive, const std::string& subkey) {
+LONG RegKey::create(HKEY hive, const std::string& subkey, RegView view) {
   HKEY raw = nullptr;
-  LONG r = reg_create_key(hive, subkey, raw);
+  LONG r = reg_create_key(hive, subkey, raw, view);
   key_.reset(r == ERROR_SUCCESS ? raw : nullptr);
   return r;
 }

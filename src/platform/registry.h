@@ -6,20 +6,41 @@
 //
 // Every function passes the key through unchecked, so a key that failed to
 // open (nullptr) goes on to the next call, which then fails on its own.
+//
+// A 64-bit Windows keeps two views of HKLM\Software: what 32-bit programs
+// write there lands in Software\Wow6432Node. Opens, creates and deletes take
+// the view; `native` is the old calls' own behaviour (the view of this
+// build), the others add KEY_WOW64_64KEY or KEY_WOW64_32KEY. A handle keeps
+// its view for the keys opened relative to it. HKCU and HKLM\System are not
+// redirected: there both views are the one key.
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 #include "platform/handles.h"
 
 namespace wh {
 
-// RegOpenKeyA: default access, as the old API gives it.
-LONG reg_open_key(HKEY hive, const std::string& subkey, HKEY& out);
+enum class RegView { native, reg64, reg32 };
+
+// The access bit of a view: 0, KEY_WOW64_64KEY or KEY_WOW64_32KEY.
+REGSAM view_access(RegView view);
+// The views in which hive\Software is read as one list: the 64-bit view,
+// then the 32-bit one, for HKEY_LOCAL_MACHINE; the one key elsewhere.
+const std::vector<RegView>& software_views(HKEY hive);
+
+// RegOpenKeyA: default access, as the old API gives it. In a named view,
+// RegOpenKeyExA with the same access (RegOpenKeyA takes no view).
+LONG reg_open_key(HKEY hive, const std::string& subkey, HKEY& out,
+                  RegView view = RegView::native);
 // RegOpenKeyExA with the given access.
-LONG reg_open_key_ex(HKEY hive, const std::string& subkey, REGSAM access, HKEY& out);
-// RegCreateKeyA: opens, making the whole path when missing.
-LONG reg_create_key(HKEY hive, const std::string& subkey, HKEY& out);
+LONG reg_open_key_ex(HKEY hive, const std::string& subkey, REGSAM access, HKEY& out,
+                     RegView view = RegView::native);
+// RegCreateKeyA: opens, making the whole path when missing (RegCreateKeyExA
+// with the same access in a named view).
+LONG reg_create_key(HKEY hive, const std::string& subkey, HKEY& out,
+                    RegView view = RegView::native);
 LONG reg_close_key(HKEY key);
 
 // RegQueryValueExA with no buffer: the type and the size in bytes of the
@@ -62,12 +83,13 @@ LONG reg_enum_value(HKEY key, DWORD index, RegValue& value);
 LONG reg_enum_value(HKEY key, DWORD index, char* name, DWORD& name_size, DWORD& type,
                     BYTE* data, DWORD& data_size);
 
-// RegDeleteKeyA: the key must have no subkeys on NT.
-LONG reg_delete_key(HKEY key, const std::string& subkey);
+// RegDeleteKeyA: the key must have no subkeys on NT. RegDeleteKeyExA in a
+// named view.
+LONG reg_delete_key(HKEY key, const std::string& subkey, RegView view = RegView::native);
 LONG reg_delete_value(HKEY key, const std::string& name);
 // Deletes subkey and everything below it, depth first. ERROR_FILE_NOT_FOUND
 // when it is missing; the first failure otherwise stops the walk.
-LONG reg_delete_tree(HKEY key, const std::string& subkey);
+LONG reg_delete_tree(HKEY key, const std::string& subkey, RegView view = RegView::native);
 
 // An owned key. Methods mirror the free functions on the held key.
 class RegKey {
@@ -75,9 +97,10 @@ public:
   RegKey() = default;
   explicit RegKey(HKEY owned) : key_(owned) {}
 
-  LONG open(HKEY hive, const std::string& subkey);  // RegOpenKeyA
-  LONG open(HKEY hive, const std::string& subkey, REGSAM access);  // RegOpenKeyExA
-  LONG create(HKEY hive, const std::string& subkey);  // RegCreateKeyA
+  LONG open(HKEY hive, const std::string& subkey, RegView view = RegView::native);  // RegOpenKeyA
+  LONG open(HKEY hive, const std::string& subkey, REGSAM access,
+            RegView view = RegView::native);  // RegOpenKeyExA
+  LONG create(HKEY hive, const std::string& subkey, RegView view = RegView::native);  // RegCreateKeyA
   void close() { key_.reset(); }
 
   HKEY get() const { return key_.get(); }

@@ -54,8 +54,8 @@ bool holds(const std::string& text, const std::string& what) {
 // reg_get_value reads them: the bytes up to the first NUL, empty when missing.
 class EntryValues {
 public:
-  explicit EntryValues(const std::string& key) {
-    key_.open(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key, KEY_READ);
+  EntryValues(const std::string& key, RegView view) {
+    key_.open(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key, KEY_READ, view);
   }
   std::string operator()(const char* name) const {
     DWORD type = 0;
@@ -98,10 +98,13 @@ std::string find_program_files_dir() {
   return {};
 }
 
-std::string infer_program_folder(const std::string& key, const std::string& name,
-                                 const std::string& uninstall) {
+namespace {
+
+// The folder of a normal-case subkey from its values, in the order of
+// inference.
+std::string folder_from(const EntryValues& values, const std::string& name,
+                        const std::string& uninstall) {
   FileSystemObject& fso = file_system();
-  const EntryValues values(key);
   std::string folder = rewrite_program_files(values("InstallLocation"));
   if (folder.empty()) folder = fso.GetParentFolderName(command_to_path(uninstall));
   if (folder.empty()) {
@@ -140,42 +143,53 @@ std::string infer_program_folder(const std::string& key, const std::string& name
   return rewrite_program_files(folder);
 }
 
+// One subkey into the table (`count` records so far). True when it has
+// neither name, and goes.
+bool take_entry(const std::string& key, RegView view, int& count) {
+  const EntryValues values(key, view);
+  const std::string dn = values("DisplayName");
+  const std::string qn = values("QuietDisplayName");
+  if (!dn.empty() && !holds(ucase(dn), "ISSC")) {
+    for (int i = 1; i <= count && i <= program_table_size; ++i)
+      if (program_table[i].name == dn) return false;  // the first one wins
+    ++count;
+    // A record past the table has no slot: left out, counted all the same.
+    if (count > program_table_size) return false;
+    program_record& r = program_table[count];
+    r.key = key;
+    r.name = dn;
+    r.view = view;
+    r.uninstall = rewrite_program_files(values("UninstallString"));
+    r.folder = folder_from(values, dn, r.uninstall);
+  } else if (!qn.empty()) {
+    ++count;
+    if (count <= program_table_size) {
+      program_table[count].name = qn;
+      program_table[count].uninstall = values("QuietUninstallString");
+      program_table[count].view = view;
+    }
+  }
+  return dn.empty() && qn.empty();
+}
+
+}  // namespace
+
+std::string infer_program_folder(const std::string& key, const std::string& name,
+                                 const std::string& uninstall, RegView view) {
+  return folder_from(EntryValues(key, view), name, uninstall);
+}
+
 void read_installed_programs() {
   cmdline_path_count = 0;
   program_table.fill(program_record{});
   windir_short = short_path(environment_variable("WinDir"));
   int count = 0;
-  for (const std::string& key : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key_path)) {
-    std::string dn, qn, uninstall;
-    {
-      const EntryValues values(key);
-      dn = values("DisplayName");
-      qn = values("QuietDisplayName");
-      const bool quiet = dn.empty() || holds(ucase(dn), "ISSC");
-      uninstall = values(quiet ? "QuietUninstallString" : "UninstallString");
+  // The 64-bit view, then the 32-bit one, as one list.
+  for (const RegView view : software_views(HKEY_LOCAL_MACHINE)) {
+    for (const std::string& key : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key_path, view)) {
+      if (take_entry(key, view, count))  // closed by now: the key goes in its own view
+        reg_delete_key(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key, view);
     }
-    if (!dn.empty() && !holds(ucase(dn), "ISSC")) {
-      bool seen = false;
-      for (int i = 1; i <= count && i <= program_table_size && !seen; ++i)
-        seen = program_table[i].name == dn;
-      if (seen) continue;  // the first one wins
-      ++count;
-      // A record past the table has no slot: left out, counted all the same.
-      if (count > program_table_size) continue;
-      program_record& r = program_table[count];
-      r.key = key;
-      r.name = dn;
-      r.uninstall = rewrite_program_files(uninstall);
-      r.folder = infer_program_folder(key, dn, r.uninstall);
-    } else if (!qn.empty()) {
-      ++count;
-      if (count <= program_table_size) {
-        program_table[count].name = qn;
-        program_table[count].uninstall = uninstall;
-      }
-    }
-    if (dn.empty() && qn.empty())
-      reg_delete_key(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + key);
   }
   program_count = static_cast<int16_t>(count);
   windir_short.clear();

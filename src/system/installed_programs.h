@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/registry.h"
+
 namespace wh {
 
 struct program_record {
@@ -16,9 +18,12 @@ struct program_record {
   std::string uninstall;
   std::string spare;  // never used
   std::string folder;  // no quotes, no trailing backslash
+  RegView view = RegView::native;  // the view of the Uninstall key it came from
 };
 
-// Always under HKEY_LOCAL_MACHINE; the per-user list is not read.
+// Always under HKEY_LOCAL_MACHINE, in its 64-bit view and then its 32-bit
+// one (where 32-bit installers write), read as one list; the per-user list
+// is not read.
 inline constexpr const char* uninstall_key_path =
     "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Uninstall";
 inline constexpr int program_table_size = 1000;
@@ -36,12 +41,13 @@ std::string rewrite_program_files(const std::string& text);
 // special_folder(38) normalised; on failure the Application Data folder's
 // drive + "Program Files".
 std::string find_program_files_dir();
-// Walks the Uninstall key into program_table and program_count. Nameless
-// subkeys are deleted on the way. Errors ignored.
+// Walks the Uninstall key of both views into program_table and
+// program_count. Nameless subkeys are deleted on the way, each in its own
+// view; of two equal names the first in that order wins. Errors ignored.
 void read_installed_programs();
 // The folder of one normal-case subkey, in the order of inference.
 std::string infer_program_folder(const std::string& key, const std::string& name,
-                                 const std::string& uninstall);
+                                 const std::string& uninstall, RegView view = RegView::native);
 
 // WinDir\apps
 std::string memory_file_path();

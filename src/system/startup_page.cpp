@@ -7,12 +7,14 @@
 #include "core/shortcuts.h"
 #include "core/text.h"
 #include "core/version_info.h"
+#include "platform/code_pages.h"
 #include "platform/environment.h"
 #include "platform/files.h"
 #include "platform/fso.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 
 namespace wh {
 
@@ -25,7 +27,8 @@ struct RunKey {
   HKEY root;
   const char* key;
 };
-// ItemData k of a run_reg row is position k - 1 here.
+// ItemData k of a run_reg row is position k - 1 here. The machine's keys are
+// read and cleared in both views (software_views).
 const RunKey run_keys[4] = {
     {HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion\\Run"},
     {HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run"},
@@ -100,15 +103,26 @@ Place title_place(int column, int row, Control* page) {
 
 std::string backup_folder() { return environment_variable("windir") + "\\repair"; }
 
-std::string run_value_backup(long item_data, const std::string& name, const std::string& data) {
+std::string make_backup_folder() {
+  const std::string folder = backup_folder();
+  FileSystemObject& fso = file_system();
+  if (!fso.FolderExists(folder)) check(fso.CreateFolder(folder));
+  return folder;
+}
+
+std::string run_value_backup(long item_data, const std::string& name, const std::string& data,
+                             RegView view) {
   static const std::string zone(14, ' ');  // the first print zone
+  // regedit, a 64-bit program, reaches the 32-bit view by this path.
+  const std::string software = view == RegView::reg32 ? "SOFTWARE\\Wow6432Node" : "SOFTWARE";
   std::string header;
   if (item_data == 1)
-    header = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]";
+    header = "[HKEY_LOCAL_MACHINE\\" + software + "\\Microsoft\\Windows\\CUrrentVersion\\Run]";
   else if (item_data == 2)
     header = "[HKEY_CURRENT_USER\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]";
   else if (item_data == 3 || item_data == 4)
-    header = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run_Services]";
+    header = "[HKEY_LOCAL_MACHINE\\" + software +
+             "\\Microsoft\\Windows\\CUrrentVersion\\Run_Services]";
   // Backslashes doubled; quotes left as they are.
   std::string doubled;
   for (char c : data) {
@@ -265,28 +279,33 @@ void StartupPage::scan_startup() {
   }
 
   run_reg.Clear();
+  run_reg_views.clear();
   run_folder.Clear();
   run_ini.Clear();
 
   for (long k = 1; k <= 4; ++k) {
-    HKEY key = nullptr;
-    if (reg_open_key(run_keys[k - 1].root, run_keys[k - 1].key, key) != ERROR_SUCCESS) continue;
-    for (DWORD index = 0;; ++index) {
-      char name[255] = {};
-      BYTE data[255] = {};
-      DWORD name_length = sizeof name, data_length = sizeof data, type = 0;
-      const LONG r = reg_enum_value(key, index, name, name_length, type, data, data_length);
-      if (r == ERROR_NO_MORE_ITEMS) break;
-      // Any other failure counts as a value: a long one shows what fitted.
-      if (name_length > sizeof name) name_length = 0;
-      if (data_length > sizeof data) data_length = sizeof data;
-      if (data_length > 0 && name_length > 0) {
-        std::string text(reinterpret_cast<const char*>(data), data_length - 1);
-        list_add_wide(run_reg, std::string(name, name_length) + "->" + text);
-        run_reg.ItemData(run_reg.ListCount() - 1, k);
+    for (const RegView view : software_views(run_keys[k - 1].root)) {
+      HKEY key = nullptr;
+      if (reg_open_key(run_keys[k - 1].root, run_keys[k - 1].key, key, view) != ERROR_SUCCESS)
+        continue;
+      for (DWORD index = 0;; ++index) {
+        // Buffers of 255 characters, whatever their size in UTF-8.
+        std::string name(255, '\0'), data(255, '\0');
+        DWORD name_length = 255, data_length = 255;
+        const LONG r = reg_enum_value_chars(key, index, name, name_length, data, data_length);
+        if (r == ERROR_NO_MORE_ITEMS) break;
+        // Any other failure counts as a value: a long one shows what fitted.
+        if (name_length > 255) name_length = 0;
+        if (data_length > 255) data_length = 255;
+        if (data_length > 0 && name_length > 0) {
+          const std::string text(utf8::left(data, data_length - 1));
+          list_add_wide(run_reg, std::string(utf8::left(name, name_length)) + "->" + text);
+          run_reg.ItemData(run_reg.ListCount() - 1, k);
+          run_reg_views.push_back(view);
+        }
       }
+      reg_close_key(key);
     }
-    reg_close_key(key);
   }
 
   ignore_errors([&] {
@@ -346,22 +365,26 @@ void StartupPage::remove_run_values() {
     const std::string row = run_reg.List(i);
     const std::string name = row_name(row);
     if (backup_enabled) {
-      const std::string folder = backup_folder();
-      FileSystemObject& fso = file_system();
-      if (!fso.FolderExists(folder)) check(fso.CreateFolder(folder));
+      const std::string folder = make_backup_folder();
+      const RegView view =
+          static_cast<size_t>(i) < run_reg_views.size() ? run_reg_views[i] : RegView::native;
+      // regedit reads REGEDIT4 in the system's ANSI code page, not in ours.
       write_text(folder + "\\(" + name + ").reg",
-                 run_value_backup(run_reg.ItemData(i), name, row_data(row)));
+                 text_for_code_page(run_value_backup(run_reg.ItemData(i), name, row_data(row), view),
+                                    system_ansi_code_page()));
       if (backupitems.Visible()) {
         form_.restore_type = form_.restore_type == 1 ? 2 : 1;
         Image6_Click(2);
       }
     }
-    // From all four keys, whichever it came from.
+    // From all four keys, in both views, whichever it came from.
     for (const RunKey& rk : run_keys) {
-      HKEY key = nullptr;
-      reg_open_key(rk.root, rk.key, key);
-      reg_delete_value(key, name);
-      reg_close_key(key);
+      for (const RegView view : software_views(rk.root)) {
+        HKEY key = nullptr;
+        reg_open_key(rk.root, rk.key, key, view);
+        reg_delete_value(key, name);
+        reg_close_key(key);
+      }
     }
   }
 }
@@ -415,6 +438,9 @@ void StartupPage::remove_services() {
     const StartupService& service = startup_services[i];
     ignore_errors([&] {
       if (backup_enabled) {
+        // regedit writes into no folder that is not there, and Vista and
+        // later have no repair folder.
+        make_backup_folder();
         // The closing quote of the key is missing; regedit takes it so. Not
         // waited for: it races the deletion below, as it always did.
         ProcessResult started;
@@ -468,9 +494,8 @@ void StartupPage::Image6_Click(int Index) {
     return;
   }
   const std::string folder = backup_folder();
-  FileSystemObject& fso = file_system();
   // Nothing backed up yet: an empty list rather than a missing folder.
-  if (!fso.FolderExists(folder)) ignore_errors([&] { check(fso.CreateFolder(folder)); });
+  ignore_errors([&] { make_backup_folder(); });
   if (Index == 2) {
     Label27.Caption(english() ? "Restore registry" : "Restaureaza registru");
     form_.restore_type = 1;
@@ -561,9 +586,10 @@ void StartupPage::search_tip() {
 
 void StartupPage::search_select(const std::string& text) {
   const std::string wanted = ucase(text);
+  const bool enough = utf8::length(text) >= 3;  // three characters, not bytes
   for (ListBox* list : {&run_services, &run_reg, &run_folder})
     for (int i = 0; i < list->ListCount(); ++i)
-      list->Selected(i, text.size() >= 3 && ucase(list->List(i)).find(wanted) != std::string::npos);
+      list->Selected(i, enough && ucase(list->List(i)).find(wanted) != std::string::npos);
 }
 
 int StartupPage::search_hits() const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/main_form.h"
+#include "platform/registry.h"
 #include "system/startup_ini.h"
 
 namespace wh {
@@ -31,7 +32,7 @@ public:
   Label& folder_title;
   Label& ini_title;
   Label& services_title;
-  ListBox& run_reg;       // ItemData: the Run key, 1..4
+  ListBox& run_reg;       // ItemData: the Run key, 1..4; the view in run_reg_views
   ListBox& run_folder;
   ListBox& run_ini;
   ListBox& run_services;
@@ -74,6 +75,10 @@ public:
 
   // --- state kept for the removal
   int16_t backup_enabled = 0;  // 0 or -1 (65535)
+  // The registry view of each run_reg row, by position: the machine's keys
+  // are read in their 64-bit and then their 32-bit view, the user's in the
+  // one. Beside the list, so that ItemData keeps telling the key alone.
+  std::vector<RegView> run_reg_views;
   std::vector<StartupService> startup_services;
   std::array<std::string, 2> startup_folders;  // the user's, the common one
   IniStartup ini;
@@ -89,9 +94,13 @@ private:
 
 // windir + "\repair", where the backups go.
 std::string backup_folder();
+// The same, made first when missing (raises what the making gives).
+std::string make_backup_folder();
 // The backup file of a Run value: REGEDIT4, the header of the key it came
-// from (1..4), the value; each line behind the first print zone.
-std::string run_value_backup(long item_data, const std::string& name, const std::string& data);
+// from (1..4), the value; each line behind the first print zone. A value of
+// the 32-bit view names its key as regedit sees it, under Wow6432Node.
+std::string run_value_backup(long item_data, const std::string& name, const std::string& data,
+                             RegView view = RegView::native);
 // Deletes a key and everything below it, errors ignored.
 void delete_key_tree(HKEY root, const std::string& key);
 

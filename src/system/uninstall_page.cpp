@@ -293,8 +293,9 @@ void UninstallPage::del_block() {
         if (answer == IDYES) check(file_system().DeleteFolder(r.folder, true));
       }
     } catch (const RuntimeError&) {
-      // The uninstaller could not be started: the entry goes, the list heals.
-      reg_delete_key(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + r.key);
+      // The uninstaller could not be started: the entry goes, in the view it
+      // came from, and the list heals.
+      reg_delete_key(HKEY_LOCAL_MACHINE, std::string(uninstall_key_path) + "\\" + r.key, r.view);
       scan_installed_programs();
       return;
     }

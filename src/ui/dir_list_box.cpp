@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/fso.h"
+#include "platform/file_find.h"
 #include "platform/rt_error.h"
 #include "ui/events.h"
 #include "ui/internal.h"
@@ -51,17 +51,15 @@ void DirListBox::Refresh() {
   for (size_t at = path_.find('\\'); at != std::string::npos && at + 1 < path_.size();
        at = path_.find('\\', at + 1))
     ancestors_.push_back(path_.substr(0, at == 2 ? 3 : at));
-  WIN32_FIND_DATAA fd;
-  HANDLE h = find_first_file(join(path_, "*"), fd);
-  if (h != INVALID_HANDLE_VALUE) {
+  FileFind find(join(path_, "*"), true);  // no short names: the cheapest listing
+  if (find.found()) {
     do {
-      if (!(fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) continue;
-      if (fd.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) continue;
-      std::string n = fd.cFileName;
-      if (n == "." || n == "..") continue;
-      children_.push_back(join(path_, n));
-    } while (::FindNextFileA(h, &fd));
-    ::FindClose(h);
+      const FoundEntry& fd = find.entry();
+      if (!(fd.attributes & FILE_ATTRIBUTE_DIRECTORY)) continue;
+      if (fd.attributes & FILE_ATTRIBUTE_HIDDEN) continue;
+      if (fd.name == "." || fd.name == "..") continue;
+      children_.push_back(join(path_, fd.name));
+    } while (find.next());
   }
   std::sort(children_.begin(), children_.end(), [](const std::string& a, const std::string& b) {
     return ::lstrcmpiA(a.c_str(), b.c_str()) < 0;

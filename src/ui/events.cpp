@@ -82,7 +82,9 @@ void raise_event(const std::function<void()>& handler) {
 void do_events() {
   int ends = hooked_end_count();
   MSG m;
-  while (::PeekMessageA(&m, nullptr, 0, 0, PM_REMOVE)) {
+  // W retrieval: an A one turns a typed character into the keyboard's code
+  // page (a "?" for most letters) before any window sees it.
+  while (::PeekMessageW(&m, nullptr, 0, 0, PM_REMOVE)) {
     if (m.message == WM_QUIT) {
       // Kept for message_loop; re-posting would stop every later turn here.
       quit_seen = true;
@@ -90,7 +92,7 @@ void do_events() {
       break;
     }
     ::TranslateMessage(&m);
-    ::DispatchMessageA(&m);
+    ::DispatchMessageW(&m);
     pass_end_on(ends);
   }
   pass_end_on(ends);
@@ -111,11 +113,11 @@ int message_loop() {
   int ends = hooked_end_count();
   MSG m;
   while (!quit_seen && detail::live_forms() > 0) {
-    BOOL got = ::GetMessageA(&m, nullptr, 0, 0);
+    BOOL got = ::GetMessageW(&m, nullptr, 0, 0);  // W: see do_events
     if (got == 0) return static_cast<int>(m.wParam);
     if (got < 0) break;
     ::TranslateMessage(&m);
-    ::DispatchMessageA(&m);
+    ::DispatchMessageW(&m);
     pass_end_on(ends);
   }
   if (quit_seen) {

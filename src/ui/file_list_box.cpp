@@ -2,8 +2,9 @@
 
 #include <set>
 
-#include "platform/fso.h"
+#include "platform/file_find.h"
 #include "platform/rt_error.h"
+#include "platform/utf8.h"
 #include "ui/events.h"
 #include "ui/internal.h"
 
@@ -15,7 +16,7 @@ constexpr ULONG_PTR kNoLength = ~ULONG_PTR{0} >> 1;
 
 // The full form of `path`, without a closing backslash except on a root.
 std::string full_path(const std::string& path) {
-  char buf[MAX_PATH * 2];
+  char buf[utf8::bytes_for(MAX_PATH * 2)];
   DWORD n = ::GetFullPathNameA(path.c_str(), sizeof buf, buf, nullptr);
   std::string full = (n > 0 && n < sizeof buf) ? std::string(buf, n) : path;
   while (full.size() > 3 && (full.back() == '\\' || full.back() == '/')) full.pop_back();
@@ -76,11 +77,13 @@ void FileListBox::Refresh() {
     while (!mask.empty() && mask.front() == ' ') mask.erase(0, 1);
     while (!mask.empty() && mask.back() == ' ') mask.pop_back();
     if (mask.empty()) continue;
-    WIN32_FIND_DATAA fd;
-    HANDLE h = find_first_file(dir + mask, fd);
-    if (h == INVALID_HANDLE_VALUE) continue;
+    // No short names are read, but the masks still match them where the
+    // system keeps them: "*.htm" takes "page.html", as Windows' own lists do.
+    FileFind find(dir + mask, true);
+    if (!find.found()) continue;
     do {
-      DWORD a = fd.dwFileAttributes;
+      const FoundEntry& fd = find.entry();
+      DWORD a = fd.attributes;
       if (a & FILE_ATTRIBUTE_DIRECTORY) continue;
       if ((a & FILE_ATTRIBUTE_HIDDEN) && !Hidden) continue;
       if ((a & FILE_ATTRIBUTE_SYSTEM) && !System) continue;
@@ -89,14 +92,13 @@ void FileListBox::Refresh() {
       const DWORD marked = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                            FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE;
       if (!(a & marked) && !Normal) continue;
-      if (!seen.insert(upper(fd.cFileName)).second) continue;
-      const LRESULT row = send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(fd.cFileName));
-      const ULONGLONG length = (static_cast<ULONGLONG>(fd.nFileSizeHigh) << 32) | fd.nFileSizeLow;
+      if (!seen.insert(upper(fd.name)).second) continue;
+      const LRESULT row = send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(fd.name.c_str()));
       if (row >= 0)
         send(LB_SETITEMDATA, static_cast<WPARAM>(row),
-             length < kNoLength ? static_cast<LPARAM>(length) : static_cast<LPARAM>(kNoLength));
-    } while (::FindNextFileA(h, &fd));
-    ::FindClose(h);
+             fd.size < static_cast<double>(kNoLength) ? static_cast<LPARAM>(fd.size)
+                                                      : static_cast<LPARAM>(kNoLength));
+    } while (find.next());
   }
   ::SendMessageA(hwnd(), WM_SETREDRAW, TRUE, 0);
   ::InvalidateRect(hwnd(), nullptr, TRUE);

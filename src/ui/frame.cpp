@@ -1,5 +1,6 @@
 #include "ui/frame.h"
 
+#include "platform/code_pages.h"
 #include "ui/internal.h"
 
 namespace wh {
@@ -23,9 +24,9 @@ bool Frame::paint_background(HDC dc) {
   ::FillRect(dc, &rc, solid_brush(BackColor()));
   if (!options_.border) return true;
   HGDIOBJ old_font = ::SelectObject(dc, font_handle(Font()));
-  std::string text = Caption();
+  const std::wstring text = wide_text(Caption());  // GDI's A calls miss UTF-8
   SIZE ext{0, 0};
-  ::GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &ext);
+  ::GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &ext);
   RECT edge = rc;
   edge.top += ext.cy / 2;
   ::DrawEdge(dc, &edge, EDGE_ETCHED, BF_RECT);
@@ -34,7 +35,7 @@ bool Frame::paint_background(HDC dc) {
     ::FillRect(dc, &label, solid_brush(BackColor()));
     ::SetBkMode(dc, TRANSPARENT);
     ::SetTextColor(dc, to_rgb(Enabled() ? ForeColor() : system_color(COLOR_GRAYTEXT)));
-    ::TextOutA(dc, 10, 0, text.c_str(), static_cast<int>(text.size()));
+    ::TextOutW(dc, 10, 0, text.c_str(), static_cast<int>(text.size()));
   }
   ::SelectObject(dc, old_font);
   return true;

@@ -1,5 +1,7 @@
 #include "ui/label.h"
 
+#include "platform/code_pages.h"
+
 namespace wh {
 
 // Owner-drawn: a plain static repaints itself on WM_SETTEXT straight
@@ -43,8 +45,9 @@ bool Label::on_draw_item(DRAWITEMSTRUCT& d) {
                 : options_.alignment == center      ? DT_CENTER
                                                     : DT_LEFT;
   format |= options_.word_wrap ? DT_WORDBREAK : DT_SINGLELINE;
-  std::string text = Caption();
-  ::DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &rc, format);
+  // GDI's A calls read text in the font's code page, not ours: UTF-16.
+  const std::wstring text = wide_text(Caption());
+  ::DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rc, format);
   ::RestoreDC(dc, saved);
   return true;
 }

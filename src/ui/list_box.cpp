@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "platform/code_pages.h"
 #include "platform/rt_error.h"
 #include "ui/events.h"
 
@@ -162,7 +163,8 @@ int ListBox::TextHeight(const std::string& text) const {
   HDC dc = ::GetDC(hwnd());
   HGDIOBJ old = ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(send(WM_GETFONT)));
   SIZE size{};
-  ::GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+  const std::wstring w = wide_text(text);
+  ::GetTextExtentPoint32W(dc, w.c_str(), static_cast<int>(w.size()), &size);
   ::SelectObject(dc, old);
   ::ReleaseDC(hwnd(), dc);
   return size.cy;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/code_pages.h"
 #include "ui/events.h"
 #include "ui/internal.h"
 
@@ -88,7 +89,8 @@ void PictureBox::Print(const std::string& text) {
   ::SetTextColor(dc, to_rgb(ForeColor()));
   ::SetBkColor(dc, to_rgb(BackColor()));
   ::SetBkMode(dc, FontTransparent ? TRANSPARENT : OPAQUE);
-  ::TextOutA(dc, CurrentX, CurrentY, text.c_str(), static_cast<int>(text.size()));
+  const std::wstring w = wide_text(text);  // GDI's A calls miss UTF-8
+  ::TextOutW(dc, CurrentX, CurrentY, w.c_str(), static_cast<int>(w.size()));
   ::SelectObject(dc, old);
   CurrentX = 0;
   CurrentY += TextHeight(text);
@@ -106,8 +108,8 @@ SIZE text_extent(HDC dc, HFONT font, const std::string& text) {
   HGDIOBJ old = ::SelectObject(dc, font);
   SIZE s{0, 0};
   // An empty text still has a line's height.
-  std::string probe = text.empty() ? " " : text;
-  ::GetTextExtentPoint32A(dc, probe.c_str(), static_cast<int>(probe.size()), &s);
+  const std::wstring probe = wide_text(text.empty() ? " " : text);
+  ::GetTextExtentPoint32W(dc, probe.c_str(), static_cast<int>(probe.size()), &s);
   ::SelectObject(dc, old);
   if (text.empty()) s.cx = 0;
   return s;

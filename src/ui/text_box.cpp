@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "platform/code_pages.h"
 #include "ui/events.h"
 
 namespace wh {
@@ -51,8 +52,10 @@ void TextBox::SelLength(int v) {
 }
 
 std::string TextBox::SelText() const {
-  int start = SelStart();
-  return Text().substr(start, SelLength());
+  // The control counts UTF-16 units, our text is UTF-8.
+  const std::wstring w = wide_text(Text());
+  const size_t start = static_cast<size_t>(SelStart());
+  return start < w.size() ? narrow_text(w.substr(start, static_cast<size_t>(SelLength()))) : "";
 }
 
 void TextBox::SelText(const std::string& text) {

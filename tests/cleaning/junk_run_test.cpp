@@ -226,4 +226,22 @@ TEST_F(JunkRun, AnEmptyCacheListCleansNothingAndTheScanRunsAllTheSame) {
   EXPECT_EQ(0, page.check[5]->Value());
 }
 
+TEST_F(JunkRun, TempFilesNamedInAnyScriptAreCountedAndCleaned) {
+  // "școală 学校 😀.tmp", a folder "țară" with a long CJK name in it (255
+  // bytes of UTF-8, the most the host's file system takes) and "întâi.log".
+  std::string long_name;
+  for (int i = 0; i < 85; ++i) long_name += "\xE5\xAD\xA6";
+  const std::string a = dir.file("temp\\\xC8\x99" "coal\xC4\x83 \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80.tmp", fill(1000));
+  const std::string b = dir.file("temp\\\xC8\x9B" "ar\xC4\x83\\" + long_name, fill(2000));
+  const std::string c = dir.file("temp\\\xC3\xAEnt\xC3\xA2i.log", fill(100));
+  ASSERT_TRUE(path_exists(b));
+  page.junk_scan();
+  double counted = 3100;
+  EXPECT_EQ(form.spatiuu(counted), page.ocupied[3]->Caption());
+  page.check[3]->Value(1);
+  page.del_block();
+  for (const std::string& path : {a, b, c}) EXPECT_FALSE(path_exists(path)) << path;
+  EXPECT_EQ(zero_text(), page.ocupied[3]->Caption());
+}
+
 }  // namespace

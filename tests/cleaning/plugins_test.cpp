@@ -1,5 +1,5 @@
 // Section 8's plug-ins with real components: copies of the sample plug-in
-// (C:\wh\CrashDumps.dll) under other base names in the folder beside the
+// (C:\wh\plugins\CrashDumps.dll) under other base names in the folder beside the
 // program, registered in the prefix's HKEY_CLASSES_ROOT.
 #include <windows.h>
 #include <shlobj.h>
@@ -26,7 +26,7 @@ namespace {
 
 using wh::test::rows;
 
-std::string sample() { return app_path() + "\\CrashDumps.dll"; }
+std::string sample() { return app_path() + "\\plugins\\CrashDumps.dll"; }
 
 // The class id a copy registered, read back from its ProgID; empty when the
 // class is unknown.

@@ -57,6 +57,15 @@ TEST(CommandToPath, TheTwoArgumentMarksAreOrNotTheFirstOfThem) {
   EXPECT_EQ("C:\\prog.exe http:", command_to_path("C:\\prog.exe http://host"));
 }
 
+TEST(CommandToPath, PositionsAndCutsCountCharacters) {
+  // "/" at 5 and " -" at 7 are characters: 5 OR 7 is 7. Counted in bytes
+  // (6 and 8, 14) the cut would take the whole line.
+  EXPECT_EQ("C:\\\xC4\x83/b", command_to_path("C:\\\xC4\x83/b -x"));
+  // A path in any script behind other text keeps its letters whole.
+  EXPECT_EQ("C:\\\xC8\x99" "coal\xC4\x83\\app.exe",
+            command_to_path("\xE5\xAD\xA6 C:\\\xC8\x99" "coal\xC4\x83\\app.exe /s"));
+}
+
 TEST(CommandToPath, HostileTextEndsWithoutACrash) {
   EXPECT_EQ("", command_to_path(std::string(10000, '"')));
   EXPECT_EQ("", command_to_path(std::string(10000, ':')));

@@ -48,6 +48,12 @@ TEST(PathPieces, ParentPath) {
   // Everything within reach still works on a long path.
   std::string p = "C:\\" + std::string(250, 'a') + "\\x";
   EXPECT_EQ(p.substr(0, 253), parent_path(p));
+  // The reach counts characters: 200 two-byte letters put the last "\" at
+  // byte 404 but at character 204.
+  std::string letters;
+  for (int i = 0; i < 200; ++i) letters += "\xC8\x99";
+  const std::string named = "C:\\" + letters + "\\\xE5\xAD\xA6.txt";
+  EXPECT_EQ("C:\\" + letters, parent_path(named));
 }
 
 TEST(PathPieces, FileExtension) {
@@ -57,6 +63,20 @@ TEST(PathPieces, FileExtension) {
   EXPECT_EQ("LNK", file_extension("Shortcut.lnk"));
   EXPECT_EQ("", file_extension("dot."));
   EXPECT_EQ("TXT", file_extension(".x.txt"));
+}
+
+TEST(Text, CaseOfLettersInAnyAlphabetKeepsEveryBytePosition) {
+  // "școală ωμέγα кот ÿ" and back; CJK, emoji and a broken byte stay.
+  const std::string lower = "\xC8\x99" "coal\xC4\x83 \xCF\x89\xCE\xBC\xCE\xAD\xCE\xB3\xCE\xB1 "
+                            "\xD0\xBA\xD0\xBE\xD1\x82 \xC3\xBF \xE5\xAD\xA6\xF0\x9F\x98\x80\xC8";
+  const std::string upper = "\xC8\x98" "COAL\xC4\x82 \xCE\xA9\xCE\x9C\xCE\x88\xCE\x93\xCE\x91 "
+                            "\xD0\x9A\xD0\x9E\xD0\xA2 \xC5\xB8 \xE5\xAD\xA6\xF0\x9F\x98\x80\xC8";
+  EXPECT_EQ(upper, ucase(lower));
+  EXPECT_EQ(lower, lcase(upper));
+  // A capital of another length in UTF-8 is not taken: positions hold.
+  EXPECT_EQ("\xC3\x84\xC3\x9F", ucase("\xC3\xA4\xC3\x9F")) << "sharp s";
+  EXPECT_EQ("TXT", file_extension("\xC8\x99" ".txt"));
+  EXPECT_EQ("\xC4\x82", file_extension("a.\xC4\x83"));
 }
 
 TEST(PathPieces, BackslashAndJoin) {

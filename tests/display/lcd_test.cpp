@@ -199,6 +199,27 @@ TEST_F(LcdTest, PlacesTextInTheLine) {
   EXPECT_THROW(lcd_->WriteText("x", 0, 6), RuntimeError);
 }
 
+TEST_F(LcdTest, ANameInAnyScriptTakesOneCellPerCharacter) {
+  lcd_->Clear();
+  // "Școala ți 学校 😀 x": each letter without a glyph is one blank, the
+  // cut and the free columns count characters, not UTF-8 bytes.
+  const std::string name = "\xC8\x98" "coala \xC8\x9Bi \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80 x";
+  lcd_->WriteText(name);
+  EXPECT_TRUE(line_is(*lcd_, 1, " coala  i      x"));
+  lcd_->WriteText(name, 2);
+  EXPECT_TRUE(line_is(*lcd_, 2, "     coala  i      x"));
+  lcd_->WriteText(name, 1);
+  EXPECT_TRUE(line_is(*lcd_, 3, "   coala  i      x"));
+  // Twenty-five two-byte letters, cut to 19 cells as plain text is.
+  std::string long_name;
+  for (int i = 0; i < 25; ++i) long_name += "\xC4\x83";
+  lcd_->WriteText(long_name + "end");
+  EXPECT_EQ(std::string(19, ' '), lcd_->Line(4));
+  lcd_->WriteText("ab" + long_name.substr(0, 16) + "cdefghijklm");
+  EXPECT_EQ("ab        cdefghijk", lcd_->Line(5));
+  EXPECT_TRUE(row_shows(*lcd_, 5, "ab        cdefghijk"));
+}
+
 TEST_F(LcdTest, NamedRowMovesTheNextWrite) {
   lcd_->Clear();
   lcd_->WriteText("third", 0, 3);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "core/globals.h"
@@ -104,6 +105,34 @@ TEST_F(DupSection, SameNameIgnoresCaseAndNumbersEachGroup) {
   EXPECT_TRUE(page.Image37.Enabled());
   EXPECT_FALSE(form.scanningdupes);
   EXPECT_EQ(" Total waisted : ", page.label19.Caption().substr(0, 17));
+}
+
+TEST_F(DupSection, NamesInAnyScriptGroupWhateverTheirCaseAndGoWhenHarrowed) {
+  ScratchDir dir("dup_letters");
+  // "școală 学校 😀.txt" twice, once as "ȘCOALĂ 学校 😀.TXT"; a lone "ţ.txt"
+  // (t with cedilla) sorts first, so the group is not the last pair.
+  const std::string name = "\xC8\x99" "coal\xC4\x83 \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80.txt";
+  const std::string upper = "\xC8\x98" "COAL\xC4\x82 \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80.TXT";
+  const std::string a = dir.file("\xC3\xAEnt\xC3\xA2i\\" + name, "same");
+  dir.file("al doilea\\" + name, "same");
+  dir.file("al treilea\\" + upper, "same!");
+  dir.file("al treilea\\\xC5\xA3.txt", "t");
+  search(dir.path());
+  other("*.txt");
+  page.Option3.Value(true);
+  page.Image37_Click();
+  const auto l = lines();
+  ASSERT_EQ(3u, l.size());
+  for (const std::string& line : l) {
+    EXPECT_EQ("1 ", line.substr(0, 2));
+    EXPECT_EQ(upper, name_key(line));
+  }
+  page.duplicates.Selected(static_cast<int>(std::find(l.begin(), l.end(), "1 " + a) - l.begin()),
+                           true);
+  page.del_block();
+  EXPECT_FALSE(path_exists(a));
+  EXPECT_TRUE(path_exists(dir / "al doilea\\" + name));
+  EXPECT_EQ(2, page.duplicates.ListCount());
 }
 
 TEST_F(DupSection, NothingFoundLeavesDelHiddenAndSaysSo) {

@@ -200,4 +200,24 @@ TEST_F(ShredSection, ADropOnTheButtonEntersTheSectionAndWaitsForHarrow) {
   EXPECT_TRUE(path_exists(a));
 }
 
+TEST_F(ShredSection, AFolderDroppedWithNamesInAnyScriptIsShreddedWhole) {
+  ScratchDir dir("shred_section_letters");
+  // "școală 学校 😀" with "țară.txt", "în\â.doc" and a long CJK name.
+  const std::string folder = dir / "\xC8\x99" "coal\xC4\x83 \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80";
+  std::string long_name;
+  for (int i = 0; i < 85; ++i) long_name += "\xE6\xA0\xA1";
+  test::write_file(folder + "\\\xC8\x9B" "ar\xC4\x83.txt", "secret");
+  test::write_file(folder + "\\\xC3\xAEn\\\xC3\xA2.doc", std::string(9000, 'd'));
+  test::write_file(folder + "\\" + long_name, "long");
+  leave();
+  fire(form.shred.OLEDragDrop, std::vector<std::string>{folder});
+  EXPECT_EQ(6, ActiveSection);
+  EXPECT_EQ(folder + " ", page.Label22.Caption());
+  ScriptedDialogs boxes;
+  page.del_block();
+  EXPECT_FALSE(path_exists(folder));
+  EXPECT_TRUE(test::names_in(dir.path()).empty()) << "no renamed leftovers";
+  EXPECT_EQ(0u, boxes.count());
+}
+
 }  // namespace

@@ -214,8 +214,8 @@ TEST_F(SplitSection, TooManyFragmentsIsRefusedWithItsBox) {
 TEST_F(SplitSection, DropsPointAtAFileOrAtTheFirstFragmentOfTheOldNaming) {
   ScratchDir dir("split_page_drops");
   const std::string plain = dir.file("plain.bin", "p");
-  const std::string first = dir.file("old\xAE" "1", "1");
-  const std::string second = dir / "old\xAE" "2";
+  const std::string first = dir.file("old\xC2\xAE" "1", "1");
+  const std::string second = dir / "old\xC2\xAE" "2";
   ScriptedDialogs boxes;
 
   // Label4 in split mode takes anything.
@@ -227,14 +227,14 @@ TEST_F(SplitSection, DropsPointAtAFileOrAtTheFirstFragmentOfTheOldNaming) {
   EXPECT_EQ(first, page.calefisier.Caption());
   EXPECT_EQ(dir.path(), page.dirdest.Caption());
 
-  fire(page.Label2.OLEDragDrop, std::vector<std::string>{dir / "lost\xAE" "7"});
+  fire(page.Label2.OLEDragDrop, std::vector<std::string>{dir / "lost\xC2\xAE" "7"});
   ASSERT_EQ(1u, boxes.count());
-  EXPECT_EQ("First piece does not exist   (" + dir / "lost\xAE" "1 )", boxes.last().text);
-  fire(page.Label4.OLEDragDrop, std::vector<std::string>{dir / "lost\xAE" "7"});
-  EXPECT_EQ("First piece does not exist!   (" + dir / "lost\xAE" "1 )", boxes.last().text);
+  EXPECT_EQ("First piece does not exist   (" + dir / "lost\xC2\xAE" "1 )", boxes.last().text);
+  fire(page.Label4.OLEDragDrop, std::vector<std::string>{dir / "lost\xC2\xAE" "7"});
+  EXPECT_EQ("First piece does not exist!   (" + dir / "lost\xC2\xAE" "1 )", boxes.last().text);
   language_flag = 2;
-  fire(form.splity.OLEDragDrop, std::vector<std::string>{dir / "lost\xAE" "7"});
-  EXPECT_EQ("Nu exista prima bucata!   (" + dir / "lost\xAE" "1 )", boxes.last().text);
+  fire(form.splity.OLEDragDrop, std::vector<std::string>{dir / "lost\xC2\xAE" "7"});
+  EXPECT_EQ("Nu exista prima bucata!   (" + dir / "lost\xC2\xAE" "1 )", boxes.last().text);
   language_flag = 1;
 
   // A plain file on the section's button from elsewhere enters the section.
@@ -269,15 +269,19 @@ TEST_F(SplitSection, TheDropHintShowsInSplitModeAndForOldFragmentsInMergeMode) {
   page.Label2_Click();
   page.Form_OLEDragOver({"C:\\x.bin"});
   EXPECT_FALSE(page.Picture3.Visible());
-  page.Form_OLEDragOver({"C:\\x\xAE" "2"});
+  // The registered sign is a character: the byte AE inside another one
+  // ("宮", E5 AE AE) is no sign.
+  page.Form_OLEDragOver({"C:\\\xE5\xAE\xAE" "2"});
+  EXPECT_FALSE(page.Picture3.Visible());
+  page.Form_OLEDragOver({"C:\\x\xC2\xAE" "2"});
   EXPECT_TRUE(page.Picture3.Visible());
   page.Picture3.Visible(false);
   // A drag over the page's lists and frames is the section's drag.
-  fire(page.dir1.OLEDragOver, std::vector<std::string>{"C:\\x\xAE" "2"});
+  fire(page.dir1.OLEDragOver, std::vector<std::string>{"C:\\x\xC2\xAE" "2"});
   EXPECT_TRUE(page.Picture3.Visible());
   page.Picture3.Visible(false);
   ActiveSection = 6;
-  page.Form_OLEDragOver({"C:\\x\xAE" "2"});
+  page.Form_OLEDragOver({"C:\\x\xC2\xAE" "2"});
   EXPECT_FALSE(page.Picture3.Visible());
 }
 

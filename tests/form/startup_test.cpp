@@ -87,6 +87,31 @@ TEST(StartWithPaths, QuotedAndUnquotedFoldersAreShreddedAndRemoved) {
   EXPECT_TRUE(wh::test::names_in(dir.path()).empty());
 }
 
+TEST(StartWithPaths, NamesInAnyScriptArriveWholeAndAreShredded) {
+  ScratchDir dir("e2e_letters");
+  // "școală", as the folder verb hands it over (unquoted), and "学校 😀"
+  // with a file "țară.txt" beside it, dropped on the icon (quoted).
+  const std::string school = dir / "\xC8\x99" "coal\xC4\x83";
+  const std::string cjk = dir / "\xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80";
+  test::write_file(school + "\\\xC8\x9B" "ar\xC4\x83.txt", "secret");
+  test::write_file(school + "\\\xC3\xAEn\\\xC3\xA2.doc", std::string(9000, 'd'));
+  test::write_file(cjk + "\\a.txt", "a");
+  const std::string file = dir.file("\xC8\x9B" "ar\xC4\x83.txt", "loose");
+  {
+    Program verb(school);
+    ASSERT_TRUE(verb.started());
+    EXPECT_TRUE(verb.ends_within(60000));
+  }
+  {
+    Program dropped("\"" + cjk + "\" \"" + file + "\"");
+    EXPECT_TRUE(dropped.ends_within(60000));
+  }
+  EXPECT_FALSE(path_exists(school));
+  EXPECT_FALSE(path_exists(cjk));
+  EXPECT_FALSE(path_exists(file));
+  EXPECT_TRUE(wh::test::names_in(dir.path()).empty());
+}
+
 TEST(StartWithPaths, TheFolderVerbOfTheProgramShredsAFolderWithBlanks) {
   ScratchDir dir("e2e_verb");
   dir.file("my old folder\\letter.doc", std::string(5000, 'l'));

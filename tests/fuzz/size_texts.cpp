@@ -10,6 +10,7 @@
 #include "core/paths.h"
 #include "core/text.h"
 #include "fuzz_check.h"
+#include "platform/utf8.h"
 
 using namespace wh;
 
@@ -32,13 +33,14 @@ void size_text(double n, char decimal) {
 }
 
 void path_pieces(std::string_view path) {
-  // A "\" behind position 255 after an earlier one keeps parent_path's walk
-  // going for ever, as the program's does: such paths are not asked.
+  // A "\" behind character 255 after an earlier one keeps parent_path's
+  // walk going for ever, as the program's does: such paths are not asked.
+  // Positions count characters, so the cut never splits a sequence.
   const size_t first = path.find('\\');
   const size_t last = path.rfind('\\');
-  if (first == std::string_view::npos || first >= 255) {
+  if (first == std::string_view::npos || utf8::char_position(path, first + 1) > 255) {
     FUZZ_EXPECT(parent_path(path).empty());
-  } else if (last < 255) {
+  } else if (utf8::char_position(path, last + 1) <= 255) {
     FUZZ_EXPECT(parent_path(path) == path.substr(0, last));
   }
 

@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
 # The packages' round trip under Wine, in the prefix WINEPREFIX names (the
 # tests' own, or package.sh's), with C:\wh\package_probe.exe in it:
-#   the setup with /S installs the files, the shortcuts and the entry;
+#   the setup with /S installs the files, the shortcuts and the entry, and
+#   registers every plug-in of the pack;
 #   the installed program lists itself in its uninstall section and asks
 #   before it uninstalls itself;
 #   the uninstaller with /S takes away every file, key and value of the
 #   product and leaves a file the user put in its folder, and the folder;
-#   the portable zip unpacked into a new folder runs.
+#   the portable zip unpacked into a new folder runs, and its first start
+#   makes every plug-in of the pack usable; one plug-in's unregistration
+#   takes back the pack's registration.
 # Usage: round_trip.sh DIST VERSION. Exits 77 (ctest: skipped) when DIST has
 # no packages of VERSION: scripts/package.sh makes them.
 set -u
@@ -50,6 +53,14 @@ value_of() {
   run_wine reg query "$1" /v "$2" | sed -n "s/^    $2    REG_[A-Z_]*    //p"
 }
 no_value() { ! run_wine reg query "$1" /v "$2" >/dev/null; }
+# The file a class name is served by, "" when the class is unknown.
+default_of() { run_wine reg query "$1" /ve | sed -n 's/^    (Default)    REG_[A-Z_]*    //p'; }
+server_of() {
+  local clsid
+  clsid=$(default_of "HKCR\\$1\\CLSID")
+  [ -n "$clsid" ] && default_of "HKCR\\CLSID\\$clsid\\InprocServer32"
+}
+server_is() { [ "$(server_of "$1")" = "$2" ] || { echo "    $1: '$(server_of "$1")'"; false; }; }
 value_is() { [ "$(value_of "$1" "$2")" = "$3" ] || { echo "    $2 = '$(value_of "$1" "$2")'"; false; }; }
 # The files under a folder, relative, one a line, sorted.
 files_under() { (cd "$1" && find . -type f | sed 's|^\./||' | LC_ALL=C sort); }
@@ -108,14 +119,13 @@ for verb in "$file_verb" "$folder_verb"; do
     run_wine reg add "$verb\\command" /ve /d "$dir\\Wellharrower.exe %1" /f >/dev/null
 done
 expect "the store holds its settings" key_exists "$store_key\\Optiuni"
-# Each plug-in registered, as the program registers one it meets first.
+# The setup registered each plug-in of the pack where it put it.
 plugins=$(grep '^JunkHarrower Plugins/' <<<"$packaged")
+expect "the packages carry plug-ins" test -n "$plugins"
 while read -r plugin_file; do
   [ -n "$plugin_file" ] || continue
   base=$(basename "${plugin_file%.*}")
-  key_exists "HKCR\\$base.Plugin" ||
-    run_wine regsvr32 /s "$dir\\${plugin_file//\//\\}" >/dev/null
-  expect "the class $base.Plugin is registered" key_exists "HKCR\\$base.Plugin"
+  expect "the setup registered $base.Plugin" server_is "$base.Plugin" "$dir\\${plugin_file//\//\\}"
 done <<<"$plugins"
 printf 'my notes\r\n' >"$host_dir/notes.txt"
 
@@ -150,6 +160,21 @@ expect "it starts from a new folder" grep -q 'window up' <<<"$out"
 version4=$version
 while [ "$(tr -cd . <<<"$version4" | wc -c)" -lt 3 ]; do version4=$version4.0; done
 expect "its version resource says $version4" grep -q "version $version4\$" <<<"$out"
+# Its first start registered one plug-in, and that one the rest of the pack.
+first=
+while read -r plugin_file; do
+  [ -n "$plugin_file" ] || continue
+  base=$(basename "${plugin_file%.*}")
+  first=${first:-$plugin_file}
+  expect "the first start made $base.Plugin usable" \
+    server_is "$base.Plugin" "C:\\wh\\scratch\\portable\\${plugin_file//\//\\}"
+done <<<"$plugins"
+run_wine regsvr32 /u /s "C:\\wh\\scratch\\portable\\${first//\//\\}" >/dev/null
+while read -r plugin_file; do
+  [ -n "$plugin_file" ] || continue
+  base=$(basename "${plugin_file%.*}")
+  expect "one unregistration took $base.Plugin back" no_key "HKCR\\$base.Plugin"
+done <<<"$plugins"
 run_wine reg delete "$store_key" /f >/dev/null
 rm -rf "$portable" "$scratch"
 

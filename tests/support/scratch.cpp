@@ -1,6 +1,7 @@
 #include "support/scratch.h"
 
 #include <algorithm>
+#include <cwchar>
 
 #include <shlwapi.h>
 
@@ -16,6 +17,39 @@ void make_folders(const std::string& path) {
 }
 }  // namespace
 
+namespace {
+// The listing goes through the W calls: the A record holds 259 bytes of
+// name, too few for a long UTF-8 one.
+std::wstring wide(const std::string& s) {
+  std::wstring w(s.size() + 1, L'\0');
+  w.resize(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, s.c_str(), -1, w.data(),
+                                                   static_cast<int>(w.size()))));
+  if (!w.empty()) w.pop_back();  // the NUL
+  return w;
+}
+
+std::string narrow(const wchar_t* w) {
+  std::string s(wcslen(w) * 3 + 1, '\0');
+  s.resize(static_cast<size_t>(
+      WideCharToMultiByte(CP_UTF8, 0, w, -1, s.data(), static_cast<int>(s.size()), nullptr, nullptr)));
+  if (!s.empty()) s.pop_back();
+  return s;
+}
+
+std::vector<std::string> listing(const std::string& folder) {
+  std::vector<std::string> out;
+  WIN32_FIND_DATAW fd;
+  HANDLE h = FindFirstFileW(wide(folder + "\\*").c_str(), &fd);
+  if (h == INVALID_HANDLE_VALUE) return out;
+  do {
+    const std::string n = narrow(fd.cFileName);
+    if (n != "." && n != "..") out.push_back(n);
+  } while (FindNextFileW(h, &fd));
+  FindClose(h);
+  return out;
+}
+}  // namespace
+
 void remove_tree(const std::string& path) {
   DWORD a = GetFileAttributesA(path.c_str());
   if (a == INVALID_FILE_ATTRIBUTES) return;
@@ -24,30 +58,13 @@ void remove_tree(const std::string& path) {
     DeleteFileA(path.c_str());
     return;
   }
-  if (!(a & FILE_ATTRIBUTE_REPARSE_POINT)) {
-    WIN32_FIND_DATAA fd;
-    HANDLE h = FindFirstFileA((path + "\\*").c_str(), &fd);
-    if (h != INVALID_HANDLE_VALUE) {
-      do {
-        std::string n = fd.cFileName;
-        if (n != "." && n != "..") remove_tree(path + "\\" + n);
-      } while (FindNextFileA(h, &fd));
-      FindClose(h);
-    }
-  }
+  if (!(a & FILE_ATTRIBUTE_REPARSE_POINT))
+    for (const std::string& n : listing(path)) remove_tree(path + "\\" + n);
   RemoveDirectoryA(path.c_str());
 }
 
 std::vector<std::string> names_in(const std::string& folder) {
-  std::vector<std::string> out;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h == INVALID_HANDLE_VALUE) return out;
-  do {
-    const std::string n = fd.cFileName;
-    if (n != "." && n != "..") out.push_back(n);
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
+  std::vector<std::string> out = listing(folder);
   std::sort(out.begin(), out.end());
   return out;
 }

@@ -1,6 +1,8 @@
 // The start-up manager on a small test form, against the prefix's real Run
-// keys, Startup folders, ini files, service keys, repair folder and regedit.
-// Everything a test adds carries "WhTest" or "whtest" and goes again.
+// keys (the machine's in both views), Startup folders, ini files, service
+// keys, repair folder and regedit. Everything a test adds carries "WhTest" or
+// "whtest" and goes again, and so does the 32-bit view's Run key when a test
+// made it (a new prefix has none).
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -47,22 +49,26 @@ const Place4 run_places[4] = {{HKEY_LOCAL_MACHINE, run_key},
                               {HKEY_LOCAL_MACHINE, run_services_key},
                               {HKEY_CURRENT_USER, run_services_key}};
 
-void set_sz(HKEY root, const std::string& key, const std::string& name, const std::string& data) {
+constexpr RegView view64 = RegView::reg64, view32 = RegView::reg32;
+
+void set_sz(HKEY root, const std::string& key, const std::string& name, const std::string& data,
+            RegView view = RegView::native) {
   RegKey k;
-  ASSERT_EQ(ERROR_SUCCESS, k.create(root, key));
+  ASSERT_EQ(ERROR_SUCCESS, k.create(root, key, view));
   k.set(name, REG_SZ, data + '\0');
 }
 
-bool has_value(HKEY root, const std::string& key, const std::string& name) {
+bool has_value(HKEY root, const std::string& key, const std::string& name,
+               RegView view = RegView::native) {
   RegKey k;
-  if (k.open(root, key) != ERROR_SUCCESS) return false;
+  if (k.open(root, key, view) != ERROR_SUCCESS) return false;
   DWORD type = 0, size = 0;
   return k.query_size(name, type, size) == ERROR_SUCCESS;
 }
 
-bool has_key(HKEY root, const std::string& key) {
+bool has_key(HKEY root, const std::string& key, RegView view = RegView::native) {
   RegKey k;
-  return k.open(root, key) == ERROR_SUCCESS;
+  return k.open(root, key, view) == ERROR_SUCCESS;
 }
 
 Texts ours(const ListBox& list) {
@@ -104,6 +110,7 @@ protected:
     form.handlers["ref_Click"] = [this] { page.ref_block(); };
     form.handlers["hide_section_extras"] = [this] { page.hide_extras(); };
     had_user_run_services = has_key(HKEY_CURRENT_USER, run_services_key);
+    had_run32 = has_key(HKEY_LOCAL_MACHINE, run_key, view32);
     win_ini = read_file("C:\\windows\\win.ini");
     system_ini = read_file("C:\\windows\\system.ini");
     had_wininit = path_exists("C:\\windows\\wininit.ini");
@@ -121,17 +128,20 @@ protected:
     else
       DeleteFileA("C:\\windows\\wininit.ini");
     if (!had_user_run_services) reg_delete_tree(HKEY_CURRENT_USER, run_services_key);
+    if (!had_run32) reg_delete_key(HKEY_LOCAL_MACHINE, run_key, view32);
     reg_delete_tree(HKEY_CURRENT_USER, "Software\\Wellharrower");
   }
   void wipe() {
     for (const Place4& p : run_places) {
-      RegKey k;
-      if (k.open(p.root, p.key) != ERROR_SUCCESS) continue;
-      Texts names;
-      RegValue v;
-      for (DWORD i = 0; k.enum_value(i, v) == ERROR_SUCCESS; ++i)
-        if (v.name.find("WhTest") == 0) names.push_back(v.name);
-      for (const std::string& n : names) k.delete_value(n);
+      for (RegView view : software_views(p.root)) {
+        RegKey k;
+        if (k.open(p.root, p.key, view) != ERROR_SUCCESS) continue;
+        Texts names;
+        RegValue v;
+        for (DWORD i = 0; k.enum_value(i, v) == ERROR_SUCCESS; ++i)
+          if (v.name.find("WhTest") == 0) names.push_back(v.name);
+        for (const std::string& n : names) k.delete_value(n);
+      }
     }
     reg_delete_value(HKEY_CURRENT_USER, run_key, "");
     for (const char* s : {"WhTestSvcMs", "WhTestSvcCorp", "WhTestSvcPlain", "WhTestSvcDriver"})
@@ -160,7 +170,7 @@ protected:
   TextBox& Text6 = form.add<TextBox>("Text6", Place{8, 12, 234, 22, &search});
   FileListBox& k1 = form.add<FileListBox>("k1", Place{0, 0, 10, 10});
   StartupPage page{form, search, Text6, k1};
-  bool had_user_run_services = false, had_wininit = false;
+  bool had_user_run_services = false, had_run32 = false, had_wininit = false;
   std::string win_ini, system_ini, wininit_ini, user_startup, common_startup;
 };
 
@@ -257,12 +267,79 @@ TEST_F(StartupSection, AValueGoesFromAllFourKeysAndTheClosedUmbrellaWritesNothin
   EXPECT_EQ(Texts{"WhTestKeep->C:\\x\\keep.exe"}, ours(page.run_reg)) << "scanned again";
 }
 
+// 32-bit programs write their Run values into the 32-bit view: each machine
+// key is read in its 64-bit view and then in its 32-bit one, and a name goes
+// from every key of both views.
+TEST_F(StartupSection, RunValuesOfBothViewsAreListedAndGoTogether) {
+  set_sz(HKEY_LOCAL_MACHINE, run_key, "WhTestBoth", "C:\\x\\b64.exe", view64);
+  set_sz(HKEY_LOCAL_MACHINE, run_key, "WhTestBoth", "C:\\x\\b32.exe", view32);
+  set_sz(HKEY_CURRENT_USER, run_key, "WhTestBoth", "C:\\x\\user.exe");
+  set_sz(HKEY_LOCAL_MACHINE, run_key, "WhTestOnly32", "C:\\x\\o32.exe", view32);
+  set_sz(HKEY_LOCAL_MACHINE, run_services_key, "WhTestSvc32", "C:\\x\\s32.exe", view32);
+  page.enter();
+  EXPECT_EQ((Texts{"WhTestBoth->C:\\x\\b64.exe", "WhTestBoth->C:\\x\\b32.exe",
+                   "WhTestOnly32->C:\\x\\o32.exe", "WhTestBoth->C:\\x\\user.exe",
+                   "WhTestSvc32->C:\\x\\s32.exe"}),
+            ours(page.run_reg));
+  // ItemData still tells the key alone.
+  EXPECT_EQ(1, page.run_reg.ItemData(row_of(page.run_reg, "WhTestOnly32->C:\\x\\o32.exe")));
+  EXPECT_EQ(3, page.run_reg.ItemData(row_of(page.run_reg, "WhTestSvc32->C:\\x\\s32.exe")));
+
+  select(page.run_reg, "WhTestBoth->C:\\x\\b32.exe");
+  page.del_block();
+  EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBoth", view64));
+  EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBoth", view32));
+  EXPECT_FALSE(has_value(HKEY_CURRENT_USER, run_key, "WhTestBoth"));
+  EXPECT_EQ((Texts{"WhTestOnly32->C:\\x\\o32.exe", "WhTestSvc32->C:\\x\\s32.exe"}),
+            ours(page.run_reg));
+}
+
+// regedit is a 64-bit program: a backup of the 32-bit view names its key
+// under Wow6432Node, and a restore puts each value back where it was.
+TEST_F(StartupSection, EachViewsBackupRestoresIntoThatView) {
+  set_sz(HKEY_LOCAL_MACHINE, run_key, "WhTestBak64", "C:\\x\\64.exe", view64);
+  set_sz(HKEY_LOCAL_MACHINE, run_key, "WhTestBak32", "C:\\x\\32.exe", view32);
+  page.enter();
+  page.umb_up_Click();
+  select(page.run_reg, "WhTestBak64->C:\\x\\64.exe");
+  select(page.run_reg, "WhTestBak32->C:\\x\\32.exe");
+  page.del_block();
+  ASSERT_FALSE(has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak64", view64));
+  ASSERT_FALSE(has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak32", view32));
+  EXPECT_EQ(zone("REGEDIT4") +
+                zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
+                zone("\"WhTestBak64\"=\"C:\\\\x\\\\64.exe\""),
+            read_file(repair + "\\(WhTestBak64).reg"));
+  EXPECT_EQ(zone("REGEDIT4") +
+                zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Wow6432Node\\Microsoft\\Windows\\CUrrentVersion\\Run]") +
+                zone("\"WhTestBak32\"=\"C:\\\\x\\\\32.exe\""),
+            read_file(repair + "\\(WhTestBak32).reg"));
+
+  page.Image6_Click(2);
+  for (const char* name : {"WhTestBak64", "WhTestBak32"}) {
+    page.List6.ListIndex(row_of(page.List6, name));
+    page.Image8_Click(1);
+  }
+  EXPECT_TRUE(eventually([] {
+    return has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak64", view64) &&
+           has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak32", view32);
+  }));
+  EXPECT_EQ("C:\\x\\32.exe", reg_get_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak32", "", view32));
+  EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak32", view64));
+  EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, run_key, "WhTestBak64", view32));
+}
+
 TEST(StartupBackup, QuotesStayAndBothRunServicesKeysGoToTheMachine) {
   const std::string header =
       zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows\\CUrrentVersion\\Run_Services]");
   EXPECT_EQ(zone("REGEDIT4") + header + zone("\"B\"=\"\"C:\\\\p q\\\\r.exe\" -s\""),
             run_value_backup(3, "B", "\"C:\\p q\\r.exe\" -s"));
   EXPECT_EQ(zone("REGEDIT4") + header + zone("\"D\"=\"\\\\\\\\\""), run_value_backup(4, "D", "\\\\"));
+  // The machine's RunServices key of the 32-bit view, misspelt the same way.
+  EXPECT_EQ(zone("REGEDIT4") +
+                zone("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Wow6432Node\\Microsoft\\Windows\\CUrrentVersion\\Run_Services]") +
+                zone("\"E\"=\"x\""),
+            run_value_backup(3, "E", "x", RegView::reg32));
 }
 
 TEST_F(StartupSection, AnOpenUmbrellaBacksUpAndRegeditRestores) {
@@ -365,7 +442,33 @@ TEST_F(StartupSection, AStartupFileGoesFromBothFolders) {
   EXPECT_EQ(Texts{"whtest_stay.txt->"}, ours(page.run_folder));
 }
 
-TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndItsKeyRemoved) {
+// No repair folder, as Vista and later have it: one that is there is moved
+// aside for the test and put back after it, and the one the test made goes.
+class NoRepairFolder {
+public:
+  NoRepairFolder()
+      : existed_(path_exists(repair)),
+        moved_(existed_ && MoveFileA(repair.c_str(), aside_.c_str())) {}
+  ~NoRepairFolder() {
+    if (existed_ && !moved_) return;
+    // A regedit started by the test may still hold a file for a moment.
+    for (int i = 0; i < 100 && path_exists(repair); ++i) {
+      test::remove_tree(repair);
+      if (path_exists(repair)) Sleep(50);
+    }
+    if (moved_) MoveFileA(aside_.c_str(), repair.c_str());
+  }
+  bool ready() const { return !path_exists(repair); }
+
+private:
+  const std::string aside_ = repair + ".whtest";
+  const bool existed_;
+  const bool moved_;
+};
+
+TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndRestored) {
+  NoRepairFolder none;
+  ASSERT_TRUE(none.ready());
   const std::string key = std::string(services) + "WhTestSvcPlain";
   service("WhTestSvcPlain", "C:\\wh\\idle_plain.exe", "WhTest Plain");
   reg_set_value(HKEY_LOCAL_MACHINE, key + "\\Parameters", "x", "1");
@@ -385,23 +488,33 @@ TEST_F(StartupSection, AServiceIsExportedUnderItsDisplayNameAndItsKeyRemoved) {
     }
   });
   page.del_block();
-  const bool exported = eventually([&] { return path_exists(repair + "\\WhTest Plain.reg"); });
+  // The export, narrowed from the UTF-16 that regedit writes, holding the
+  // key's line.
+  std::string text;
+  const bool exported = eventually([&] {
+    const std::string bytes = read_file(repair + "\\WhTest Plain.reg");
+    text.clear();
+    for (size_t i = 2; i + 1 < bytes.size(); i += 2) text += bytes[i];
+    return text.find("WhTestSvcPlain]") != std::string::npos;
+  });
   stop = true;
   keeper.join();
   EXPECT_FALSE(has_value(HKEY_LOCAL_MACHINE, key, "ImagePath"));
   EXPECT_FALSE(has_key(HKEY_LOCAL_MACHINE, key + "\\Parameters"));
   EXPECT_EQ(Texts{}, ours(page.run_services));
-  ASSERT_TRUE(exported);
-  const std::string bytes = read_file(repair + "\\WhTest Plain.reg");
-  std::string text;  // UTF-16 as regedit writes it, narrowed
-  for (size_t i = 2; i + 1 < bytes.size(); i += 2) text += bytes[i];
-  EXPECT_NE(std::string::npos, text.find("WhTestSvcPlain"));
+  ASSERT_TRUE(exported) << "the missing repair folder was made first";
 
-  // It is a service backup, not a registry one.
-  page.Image6_Click(4);
-  EXPECT_GE(row_of(page.List6, "WhTest Plain"), 0);
+  // It is a service backup, not a registry one, and a restore brings the
+  // key back.
+  reg_delete_tree(HKEY_LOCAL_MACHINE, key);  // the keeper's
   page.Image6_Click(2);
   EXPECT_LT(row_of(page.List6, "WhTest Plain"), 0);
+  page.Image6_Click(4);
+  const int row = row_of(page.List6, "WhTest Plain");
+  ASSERT_GE(row, 0);
+  page.List6.ListIndex(row);
+  page.Image8_Click(1);
+  EXPECT_TRUE(eventually([&] { return has_key(HKEY_LOCAL_MACHINE, key); }));
 }
 
 TEST_F(StartupSection, TheTwoBackupFamiliesNeverMix) {

@@ -1,7 +1,8 @@
 // The uninstall section on a small test form, against the prefix's real
-// Uninstall key, the memory file in the Windows folder and real uninstallers
-// (tests/fixtures/uninst_probe.cpp). Every subkey a test adds starts with
-// "WhTest" and goes again; the memory file is put back as it was.
+// Uninstall key (both views), the memory file in the Windows folder and real
+// uninstallers (tests/fixtures/uninst_probe.cpp). Every subkey a test adds
+// starts with "WhTest" and goes again, and so does the 32-bit view's
+// Uninstall key when a test made it; the memory file is put back as it was.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -37,15 +38,17 @@ const std::string uninstall_key = uninstall_key_path;
 const std::string probe = "C:\\wh\\uninst_probe.exe";
 const std::string apps = "C:\\windows\\apps";
 
-void entry(const std::string& subkey, const Values& values) {
+constexpr RegView view64 = RegView::reg64, view32 = RegView::reg32;
+
+void entry(const std::string& subkey, const Values& values, RegView view = RegView::native) {
   RegKey k;
-  ASSERT_EQ(ERROR_SUCCESS, k.create(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey));
+  ASSERT_EQ(ERROR_SUCCESS, k.create(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey, view));
   for (const auto& [name, data] : values) k.set(name, REG_SZ, data + '\0');
 }
 
-bool has_entry(const std::string& subkey) {
+bool has_entry(const std::string& subkey, RegView view = RegView::native) {
   RegKey k;
-  return k.open(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey) == ERROR_SUCCESS;
+  return k.open(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + subkey, view) == ERROR_SUCCESS;
 }
 
 const program_record* record_named(const std::string& name) {
@@ -68,6 +71,8 @@ std::string wait_for_log(const std::string& log, size_t lines) {
 class Uninstall : public ::testing::Test {
 protected:
   void SetUp() override {
+    RegKey uninstall32;  // a new prefix has none
+    had_uninstall32_ = uninstall32.open(HKEY_LOCAL_MACHINE, uninstall_key, view32) == ERROR_SUCCESS;
     saved_apps_ = path_exists(apps);
     if (saved_apps_) apps_bytes_ = read_file(apps);
     remove_test_entries();
@@ -82,6 +87,7 @@ protected:
   }
   void TearDown() override {
     remove_test_entries();
+    if (!had_uninstall32_) reg_delete_key(HKEY_LOCAL_MACHINE, uninstall_key, view32);
     if (saved_apps_)
       write_file(apps, apps_bytes_);
     else
@@ -90,8 +96,10 @@ protected:
     last_selected_index = 0;
   }
   static void remove_test_entries() {
-    for (const std::string& k : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key))
-      if (k.rfind("WhTest", 0) == 0) reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + k);
+    for (RegView view : {view64, view32})
+      for (const std::string& k : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key, view))
+        if (k.rfind("WhTest", 0) == 0)
+          reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + k, view);
   }
   std::string command(const std::string& log, const std::string& tag, int ms = 0) {
     return "\"" + probe + "\" " + log + " " + tag + " " + std::to_string(ms);
@@ -103,6 +111,7 @@ protected:
   test::ScratchDir dir_{"progs"};  // "\\unins" in it would mark a path
 
 private:
+  bool had_uninstall32_ = false;
   bool saved_apps_ = false;
   std::string apps_bytes_;
 };
@@ -219,20 +228,63 @@ TEST_F(Uninstall, TheMemoryFileMarksNewProgramsOnce) {
   const std::string file = read_file(apps);
   EXPECT_NE(std::string::npos, file.find("WhTest Old\r\n"));
 
-  entry("WhTestFresh", {{"DisplayName", "WhTest Fresh"}});
+  // Installed by a 32-bit setup: the mark sees the 32-bit view too.
+  entry("WhTestFresh", {{"DisplayName", "WhTest Fresh"}}, view32);
   page_.scan_installed_programs();
   EXPECT_EQ("WhTest Fresh        <<<<NEW>>>>", page_.List1.List(0)) << "new ones on top";
   EXPECT_NE(-1, row_of(page_.List1, "WhTest Old"));
+  EXPECT_NE(std::string::npos, read_file(apps).find("WhTest Fresh\r\n"));
   page_.scan_installed_programs();
   EXPECT_NE(-1, row_of(page_.List1, "WhTest Fresh")) << "marked in one scan only";
 
   // Removed, a scan, installed again: new again, in Romanian this time.
-  reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\WhTestFresh");
+  reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\WhTestFresh", view32);
   page_.scan_installed_programs();
-  entry("WhTestFresh", {{"DisplayName", "WhTest Fresh"}});
+  entry("WhTestFresh", {{"DisplayName", "WhTest Fresh"}}, view32);
   language_flag = 2;
   page_.scan_installed_programs();
   EXPECT_EQ("WhTest Fresh       <<<<NOU>>>>", page_.List1.List(0));
+}
+
+// What 32-bit installers write lands in the 32-bit view; the section reads
+// both as one list, 64-bit first.
+TEST_F(Uninstall, BothViewsMakeOneListAndEachEntryKeepsItsView) {
+  const std::string log = dir_ / "views.log";
+  entry("WhTestOnly64", {{"DisplayName", "WhTest Only64"}, {"UninstallString", command(log, "only64")}},
+        view64);
+  entry("WhTestOnly32", {{"DisplayName", "WhTest Only32"}, {"UninstallString", command(log, "only32")}},
+        view32);
+  // The same name in both views, under the same subkey: one record.
+  entry("WhTestTwin", {{"DisplayName", "WhTest Twin View"}, {"UninstallString", command(log, "twin64")}},
+        view64);
+  entry("WhTestTwin", {{"DisplayName", "WhTest Twin View"}, {"UninstallString", command(log, "twin32")}},
+        view32);
+  // A nameless subkey of the 32-bit view beside a named twin in the 64-bit one.
+  entry("WhTestNameless", {{"UninstallString", "C:\\x\\unins000.exe"}}, view32);
+  entry("WhTestNameless", {{"DisplayName", "WhTest Named Twin"}}, view64);
+  page_.scan_installed_programs();
+
+  EXPECT_FALSE(has_entry("WhTestNameless", view32)) << "deleted in its own view";
+  EXPECT_TRUE(has_entry("WhTestNameless", view64)) << "its twin of the other view stays";
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Named Twin"));
+  const std::vector<std::string> shown = rows(page_.List1);
+  EXPECT_EQ(1, std::count(shown.begin(), shown.end(), "WhTest Twin View"));
+  ASSERT_NE(nullptr, record_named("WhTest Only32"));
+  EXPECT_EQ(view32, record_named("WhTest Only32")->view);
+  ASSERT_NE(nullptr, record_named("WhTest Only64"));
+  EXPECT_EQ(view64, record_named("WhTest Only64")->view);
+  ASSERT_NE(nullptr, record_named("WhTest Twin View"));
+  EXPECT_EQ(view64, record_named("WhTest Twin View")->view) << "the 64-bit view comes first";
+
+  // Each row starts the uninstaller of its own entry.
+  for (const char* name : {"WhTest Only64", "WhTest Only32", "WhTest Twin View"})
+    page_.List1.Selected(row_of(page_.List1, name), true);
+  ScriptedDialogs boxes;
+  page_.del_block();
+  const std::string started = wait_for_log(log, 6);
+  for (const char* tag : {"only64 end", "only32 end", "twin64 end"})
+    EXPECT_NE(std::string::npos, started.find(tag)) << tag;
+  EXPECT_EQ(std::string::npos, started.find("twin32"));
 }
 
 TEST_F(Uninstall, PieMeasuresTheFolders) {
@@ -322,15 +374,20 @@ TEST_F(Uninstall, SequentialRowsWaitAndAskInBetween) {
 }
 
 TEST_F(Uninstall, AMissingUninstallerLosesItsEntry) {
+  // In the 32-bit view, with a subkey of the same name in the 64-bit one.
   entry("WhTestBroken", {{"DisplayName", "WhTest Broken"},
-                         {"UninstallString", dir_.path() + "\\missing\\unins000.exe"}});
+                         {"UninstallString", dir_.path() + "\\missing\\unins000.exe"}},
+        view32);
+  entry("WhTestBroken", {{"DisplayName", "WhTest Fine"}}, view64);
   entry("WhTestEmpty", {{"DisplayName", "WhTest Empty"}});
   page_.scan_installed_programs();
   page_.List1.Selected(row_of(page_.List1, "WhTest Broken"), true);
   ScriptedDialogs boxes;
   page_.del_block();
-  EXPECT_FALSE(has_entry("WhTestBroken"));
+  EXPECT_FALSE(has_entry("WhTestBroken", view32));
+  EXPECT_TRUE(has_entry("WhTestBroken", view64)) << "the entry goes in its own view only";
   EXPECT_EQ(-1, row_of(page_.List1, "WhTest Broken")) << "the list healed";
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Fine"));
   page_.List1.Selected(row_of(page_.List1, "WhTest Empty"), true);
   page_.del_block();
   EXPECT_FALSE(has_entry("WhTestEmpty")) << "an empty command fails the same way";

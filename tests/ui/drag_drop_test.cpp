@@ -44,7 +44,9 @@ private:
 
 // The shell's own data object for a file, as Explorer hands it over.
 IDataObject* shell_data(const std::string& path) {
-  std::wstring wide(path.begin(), path.end());
+  std::wstring wide(path.size() + 1, L'\0');
+  wide.resize(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, path.c_str(), -1, wide.data(),
+                                                      static_cast<int>(wide.size())) - 1));
   PIDLIST_ABSOLUTE item = nullptr;
   if (FAILED(SHParseDisplayName(wide.c_str(), nullptr, &item, 0, nullptr))) return nullptr;
   IShellFolder* parent = nullptr;
@@ -102,6 +104,16 @@ TEST_F(DragDrop, TheControlUnderThePointerHearsTheDragAndGetsTheDrop) {
   over.clear();
   EXPECT_EQ(static_cast<DWORD>(DROPEFFECT_COPY), drag(file, inside, DRAGDROP_S_DROP));
   EXPECT_EQ(Files{file}, dropped);
+}
+
+TEST_F(DragDrop, AFileNamedInAnyScriptArrivesWithItsWholeName) {
+  // "școală 学校 😀.txt", as Explorer hands it over: the shell's UTF-16.
+  const std::string named = dir.file("\xC8\x99" "coal\xC4\x83 \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80.txt", "x");
+  Files dropped;
+  inside.OLEDropMode(true);
+  inside.OLEDragDrop = [&](const Files& f) { dropped = f; };
+  EXPECT_EQ(static_cast<DWORD>(DROPEFFECT_COPY), drag(named, inside, DRAGDROP_S_DROP));
+  EXPECT_EQ(Files{named}, dropped);
 }
 
 TEST_F(DragDrop, AControlThatTakesNoDropsRefusesAndTheFormDoesNotStandIn) {

@@ -38,6 +38,13 @@ TEST_F(FileLists, PatternsMatchSortedWithoutCaseAndOnce) {
   files.Path(root);
   files.Pattern("*.tmp;*.bak; *.TMP");
   EXPECT_EQ((std::vector<std::string>{"A.TMP", "b.tmp", "c.bak", "locked.tmp"}), rows(files));
+  // A mask matches the short name too, as the system's own lists do, also
+  // through the listing that reads no short names: "*.htm" takes "page.html"
+  // (PAGE~1.HTM; Wine makes one for every long name).
+  dir.file("page.html");
+  dir.file("page.htm");
+  files.Pattern("*.htm");
+  EXPECT_EQ((std::vector<std::string>{"page.htm", "page.html"}), rows(files));
 }
 
 TEST_F(FileLists, RowsKeepTheLengthsTheListingFound) {

@@ -1,5 +1,6 @@
 // Text boxes, check boxes and option buttons: which changes fire events.
 #include <string>
+#include <vector>
 
 #include "platform/clipboard.h"
 #include "platform/rt_error.h"
@@ -26,6 +27,22 @@ TEST_F(TextBoxes, KeyPressFilterSwallowsAndReplacesKeys) {
   EXPECT_EQ("1293", text.Text());
   type("\b");
   EXPECT_EQ("129", text.Text());
+}
+
+TEST_F(TextBoxes, ALetterTypedInAnyScriptArrivesWholeAndSelectsByCharacter) {
+  // As the keyboard delivers them: UTF-16 characters through the queue,
+  // the emoji as its two surrogates. An A window would get "?" for each.
+  std::vector<int> seen;
+  text.KeyPress = [&](int& ascii) { seen.push_back(ascii); };
+  for (wchar_t c : std::wstring(L"\x0219" L"coal\x0103 \x5B66 \xD83D\xDE00"))
+    PostMessageW(text.hwnd(), WM_CHAR, c, 1);
+  do_events();
+  EXPECT_EQ("\xC8\x99" "coal\xC4\x83 \xE5\xAD\xA6 \xF0\x9F\x98\x80", text.Text());
+  ASSERT_FALSE(seen.empty());
+  EXPECT_EQ(0x219, seen.front()) << "the handler sees the letter, not a byte of it";
+  text.SelStart(5);
+  text.SelLength(3);
+  EXPECT_EQ("\xC4\x83 \xE5\xAD\xA6", text.SelText());
 }
 
 TEST_F(TextBoxes, PasteIsNotFiltered) {
