@@ -1,5 +1,7 @@
 #include "core/tasks.h"
 
+#include <optional>
+
 #include "platform/processes.h"
 #include "platform/rt_error.h"
 #include "ui/list_box.h"
@@ -8,7 +10,12 @@ namespace wh {
 
 void clsApplicazioni::RefreshTaskList(HWND own, bool fill_list) {
   windows.clear();
-  if (fill_list && List3) List3->Clear();
+  // The list is emptied and filled unseen, and drawn once.
+  std::optional<ListBox::Batch> batch;
+  if (fill_list && List3) {
+    batch.emplace(*List3);
+    List3->Clear();
+  }
   // Visible and bordered (both bits of 0x10800000), titled, not our own.
   constexpr LONG_PTR shown = WS_VISIBLE | WS_BORDER;
   for (const WindowEntry& w : top_level_windows()) {

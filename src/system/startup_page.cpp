@@ -274,37 +274,43 @@ void StartupPage::scan_startup() {
       for (size_t b = a + 1; b < found.size(); ++b)
         if (found[a].text > found[b].text) std::swap(found[a], found[b]);
     startup_services = std::move(found);
+    // Each list is filled unseen and drawn once: under Wine a shown list
+    // pays a trip to the X server for every row added.
+    ListBox::Batch batch(run_services);
     run_services.Clear();
     for (const StartupService& s : startup_services) list_add_wide(run_services, s.text);
   }
 
-  run_reg.Clear();
-  run_reg_views.clear();
-  run_folder.Clear();
-  run_ini.Clear();
+  {
+    ListBox::Batch batch(run_reg);
+    run_reg.Clear();
+    run_reg_views.clear();
+    run_folder.Clear();
+    run_ini.Clear();
 
-  for (long k = 1; k <= 4; ++k) {
-    for (const RegView view : software_views(run_keys[k - 1].root)) {
-      HKEY key = nullptr;
-      if (reg_open_key(run_keys[k - 1].root, run_keys[k - 1].key, key, view) != ERROR_SUCCESS)
-        continue;
-      for (DWORD index = 0;; ++index) {
-        // Buffers of 255 characters, whatever their size in UTF-8.
-        std::string name(255, '\0'), data(255, '\0');
-        DWORD name_length = 255, data_length = 255;
-        const LONG r = reg_enum_value_chars(key, index, name, name_length, data, data_length);
-        if (r == ERROR_NO_MORE_ITEMS) break;
-        // Any other failure counts as a value: a long one shows what fitted.
-        if (name_length > 255) name_length = 0;
-        if (data_length > 255) data_length = 255;
-        if (data_length > 0 && name_length > 0) {
-          const std::string text(utf8::left(data, data_length - 1));
-          list_add_wide(run_reg, std::string(utf8::left(name, name_length)) + "->" + text);
-          run_reg.ItemData(run_reg.ListCount() - 1, k);
-          run_reg_views.push_back(view);
+    for (long k = 1; k <= 4; ++k) {
+      for (const RegView view : software_views(run_keys[k - 1].root)) {
+        HKEY key = nullptr;
+        if (reg_open_key(run_keys[k - 1].root, run_keys[k - 1].key, key, view) != ERROR_SUCCESS)
+          continue;
+        for (DWORD index = 0;; ++index) {
+          // Buffers of 255 characters, whatever their size in UTF-8.
+          std::string name(255, '\0'), data(255, '\0');
+          DWORD name_length = 255, data_length = 255;
+          const LONG r = reg_enum_value_chars(key, index, name, name_length, data, data_length);
+          if (r == ERROR_NO_MORE_ITEMS) break;
+          // Any other failure counts as a value: a long one shows what fitted.
+          if (name_length > 255) name_length = 0;
+          if (data_length > 255) data_length = 255;
+          if (data_length > 0 && name_length > 0) {
+            const std::string text(utf8::left(data, data_length - 1));
+            list_add_wide(run_reg, std::string(utf8::left(name, name_length)) + "->" + text);
+            run_reg.ItemData(run_reg.ListCount() - 1, k);
+            run_reg_views.push_back(view);
+          }
         }
+        reg_close_key(key);
       }
-      reg_close_key(key);
     }
   }
 
@@ -316,13 +322,16 @@ void StartupPage::scan_startup() {
                                 "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
                                 "Common Startup");
   });
-  for (const std::string& folder : startup_folders) {
-    // A folder that cannot be shown adds nothing.
-    if (ignore_errors([&] { k2.Path(folder); }) != 0) continue;
-    k2.Refresh();
-    for (int i = 0; i < k2.ListCount(); ++i) {
-      const std::string file = k2.List(i);
-      list_add_wide(run_folder, file + "->" + read_shortcut_target(folder + "\\" + file));
+  {
+    ListBox::Batch batch(run_folder);
+    for (const std::string& folder : startup_folders) {
+      // A folder that cannot be shown adds nothing.
+      if (ignore_errors([&] { k2.Path(folder); }) != 0) continue;
+      k2.Refresh();
+      for (int i = 0; i < k2.ListCount(); ++i) {
+        const std::string file = k2.List(i);
+        list_add_wide(run_folder, file + "->" + read_shortcut_target(folder + "\\" + file));
+      }
     }
   }
 
@@ -343,6 +352,7 @@ void StartupPage::scan_ini_startup() {
   records("\\win.ini", read_win_ini);
   records("\\system.ini", read_system_ini);
   records("\\wininit.ini", read_wininit_ini);
+  ListBox::Batch batch(run_ini);
   for (const std::string& row : ini_rows(ini)) list_add_wide(run_ini, row);
 }
 
@@ -510,6 +520,7 @@ void StartupPage::Image6_Click(int Index) {
   if (ignore_errors([&] { k1.Path(folder); }) != 0) return;
   k1.Pattern(Index == 2 ? "(*).reg" : "*.reg");
   k1.Refresh();
+  ListBox::Batch batch(List6);
   for (int i = 0; i < k1.ListCount(); ++i) {
     const std::string file = k1.List(i);
     std::string row;

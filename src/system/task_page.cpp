@@ -173,15 +173,19 @@ void TaskPage::captions(int language) {
 
 void TaskPage::afis_tasks() {
   const int kept = List2.ListIndex();
-  List2.Clear();
-  if (!active_process) raise(rt_object_not_set);
-  const int count = active_process->GetActiveProcess();
-  for (int i = 0; i < count; ++i) {
-    List2.AddItem(file_system().GetFileName(active_process->szexeFile(i)));
-    List2.ItemData(List2.ListCount() - 1, static_cast<long>(active_process->th32ProcessID(i)));
+  {
+    // Emptied and filled unseen, drawn once: Timer1 refills it while shown.
+    ListBox::Batch batch(List2);
+    List2.Clear();
+    if (!active_process) raise(rt_object_not_set);
+    const int count = active_process->GetActiveProcess();
+    for (int i = 0; i < count; ++i) {
+      List2.AddItem(file_system().GetFileName(active_process->szexeFile(i)));
+      List2.ItemData(List2.ListCount() - 1, static_cast<long>(active_process->th32ProcessID(i)));
+    }
+    // Row 0 is the idle pseudo-process: row i is now snapshot position i + 1.
+    if (List2.ListCount() > 0) List2.RemoveItem(0);
   }
-  // Row 0 is the idle pseudo-process: row i is now snapshot position i + 1.
-  if (List2.ListCount() > 0) List2.RemoveItem(0);
   // Back to where the list was, in view, without a selection.
   if (kept >= 0 && kept < List2.ListCount()) {
     List2.Selected(kept, true);

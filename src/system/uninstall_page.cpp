@@ -30,6 +30,13 @@ std::string strip_spaces(const std::string& text) {
   return out;
 }
 
+void show_program_rows(ListBox& List1, const ProgramRows& rows) {
+  ListBox::Batch batch(List1);
+  for (const std::string& name : rows.known) ignore_errors([&] { List1.AddItem(name); });
+  int top = 0;
+  for (const std::string& name : rows.fresh) ignore_errors([&] { List1.AddItem(name, top++); });
+}
+
 void start_program(const std::string& command, int style) {
   if (trim(command).empty()) raise(rt_invalid_call);
   ProcessResult started;
@@ -113,10 +120,7 @@ void UninstallPage::scan_installed_programs() {
   ignore_errors([&] { List1.Clear(); });
   read_installed_programs();
   ignore_errors([&] { List1.Clear(); });
-  const ProgramRows rows = merge_memory_file(language_flag);
-  for (const std::string& name : rows.known) ignore_errors([&] { List1.AddItem(name); });
-  int top = 0;
-  for (const std::string& name : rows.fresh) ignore_errors([&] { List1.AddItem(name, top++); });
+  show_program_rows(List1, merge_memory_file(language_flag));
   // Back to where the user was: a selection scrolls the list there.
   if (last_selected_index != 0) {
     ignore_errors([&] { List1.Selected(last_selected_index - 1, true); });
@@ -137,12 +141,15 @@ void UninstallPage::PIE_Click() {
     do_events();
   }
   List1.Clear();
-  for (int i = 1; i <= 300 && !program_table[i].name.empty(); ++i) {
-    program_record& r = program_table[i];
-    if (r.size != 0)
-      List1.AddItem(r.name + " (" + form_.spatiuu(r.size) + ")");
-    else
-      List1.AddItem(r.name + "(?)");
+  {
+    ListBox::Batch batch(List1);
+    for (int i = 1; i <= 300 && !program_table[i].name.empty(); ++i) {
+      program_record& r = program_table[i];
+      if (r.size != 0)
+        List1.AddItem(r.name + " (" + form_.spatiuu(r.size) + ")");
+      else
+        List1.AddItem(r.name + "(?)");
+    }
   }
   lupe.Visible(true);
 }

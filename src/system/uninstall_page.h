@@ -51,6 +51,10 @@ private:
   MainForm& form_;
 };
 
+// The rows of a scan into the sorted List1: the known names placed by the
+// list, the new ones inserted on top in table order. Drawn once, when all
+// are in: under Wine a shown list paid a trip to the X server per row.
+void show_program_rows(ListBox& List1, const ProgramRows& rows);
 // Every blank taken out.
 std::string strip_spaces(const std::string& text);
 // Starts a command line without waiting, in the window state `style`; raises

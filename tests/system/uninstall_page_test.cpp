@@ -246,6 +246,43 @@ TEST_F(Uninstall, TheMemoryFileMarksNewProgramsOnce) {
   EXPECT_EQ("WhTest Fresh       <<<<NOU>>>>", page_.List1.List(0));
 }
 
+// The list is filled unseen and drawn once; what shows must be as a row by
+// row fill left it: the new ones on top in the table's order (not sorted),
+// and the row acted on last scrolled into view, nothing selected.
+TEST_F(Uninstall, AScanComesBackWhereTheUserWasWithTheNewOnTop) {
+  char key[32], name[32];
+  for (int i = 0; i < 60; ++i) {
+    std::snprintf(key, sizeof key, "WhTestRow%02d", i);
+    std::snprintf(name, sizeof name, "WhTest Row %02d", i);
+    entry(key, {{"DisplayName", name}});
+  }
+  page_.scan_installed_programs();
+  // Keys in the order the registry lists them; names against it.
+  entry("WhTestZ1", {{"DisplayName", "WhTest Zulu"}});
+  entry("WhTestZ2", {{"DisplayName", "WhTest Alpha"}});
+  const int count = page_.List1.ListCount() + 2;
+  last_selected_index = static_cast<int16_t>(count - 3);
+  page_.scan_installed_programs();
+
+  ASSERT_EQ(count, page_.List1.ListCount());
+  EXPECT_EQ("WhTest Zulu        <<<<NEW>>>>", page_.List1.List(0));
+  EXPECT_EQ("WhTest Alpha        <<<<NEW>>>>", page_.List1.List(1));
+  const int known = row_of(page_.List1, "WhTest Row 00");
+  EXPECT_GE(known, 2);
+  EXPECT_EQ(known + 1, row_of(page_.List1, "WhTest Row 01")) << "the known ones sorted below";
+  EXPECT_EQ(0, page_.List1.SelCount());
+  RECT client{};
+  GetClientRect(page_.List1.hwnd(), &client);
+  const int row_height = static_cast<int>(page_.List1.send(LB_GETITEMHEIGHT, 0));
+  ASSERT_GT(row_height, 0);
+  const int page_rows = client.bottom / row_height;
+  ASSERT_LT(page_rows, count - 4) << "the list must scroll for the test to tell";
+  const int wanted = last_selected_index - 1, top = page_.List1.TopIndex();
+  EXPECT_GT(top, 0);
+  EXPECT_LE(top, wanted);
+  EXPECT_LT(wanted, top + page_rows) << "the row is in view";
+}
+
 // What 32-bit installers write lands in the 32-bit view; the section reads
 // both as one list, 64-bit first.
 TEST_F(Uninstall, BothViewsMakeOneListAndEachEntryKeepsItsView) {
