@@ -377,7 +377,8 @@ sec_monitor() {
 # The program writes 1000 Uninstall entries with their folders, times the
 # scan (registry walk, folder inference, memory file) and writes the same
 # entries as text. The anchor reads that text and the folder listing, keeps
-# the names whose folder exists and writes them as the memory file.
+# the names whose folder exists and writes them as the memory file. Then
+# the section's shown list filled with the rows, a tenth of them new.
 sec_uninstall() {
   local dir=$data/uninst awk_us
   mkdir -p "$dir"
@@ -392,6 +393,9 @@ sec_uninstall() {
   report "uninstall_scan vs awk" "$(figure bench_uninstall_scan uninstall_scan)" "$(us_to "$awk_us" ms)" ms 1
   report "uninstall_scan vs RegEnumKeyExA walk (both in Wine)" \
     "$(figure bench_uninstall_scan uninstall_scan)" "$(figure bench_uninstall_scan plain_scan)" ms 1
+  # The shown List1 filled with those rows, until painted.
+  report "uninstall list vs LB_ADDSTRING fill (both in Wine)" \
+    "$(figure bench_uninstall_scan uninstall_list)" "$(figure bench_uninstall_scan plain_list)" ms 1
   rm -rf "$dir"
 }
 

@@ -11,9 +11,16 @@
 // for its names, uninstaller and folder (RegQueryValueExA), the folder's
 // short path asked as the Windows-folder test does, and the names written
 // as a memory file of their own.
+// Then the list the section shows, List1 (sorted, shown), filled with the
+// scan's rows as the section fills it ("figure uninstall_list"): the memory
+// file knows all but the last tenth, which go on top as new. Its floor
+// ("figure plain_list"): the same rows sent to a list of the same kind with
+// LB_ADDSTRING and LB_INSERTSTRING, drawn once at the end. Both are timed
+// until the list has painted.
 #include <windows.h>
 
 #include "bench_clock.h"
+#include "bench_form.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -23,6 +30,9 @@
 #include "platform/files.h"
 #include "platform/registry.h"
 #include "system/installed_programs.h"
+#include "system/uninstall_page.h"
+#include "ui/events.h"
+#include "ui/list_box.h"
 
 namespace {
 
@@ -64,6 +74,36 @@ int plain_scan(const std::string& memory_file) {
   WriteFile(f, names.data(), static_cast<DWORD>(names.size()), &wrote, nullptr);
   CloseHandle(f);
   return count;
+}
+
+// The list's floor: what a plain program sends to fill a shown list.
+void plain_fill(wh::ListBox& list, const wh::ProgramRows& rows) {
+  const HWND h = list.hwnd();
+  SendMessageA(h, WM_SETREDRAW, FALSE, 0);
+  for (const std::string& name : rows.known)
+    SendMessageA(h, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+  WPARAM top = 0;
+  for (const std::string& name : rows.fresh)
+    SendMessageA(h, LB_INSERTSTRING, top++, reinterpret_cast<LPARAM>(name.c_str()));
+  SendMessageA(h, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(h, nullptr, TRUE);
+}
+
+// Best time of five rounds after a warm-up: `clear` untimed, then `fill`
+// and the paint it leads to.
+template <class Clear, class Fill>
+double best_fill(wh::ListBox& list, Clear clear, Fill fill) {
+  double best = 1e300;
+  for (int round = 0; round < 6; ++round) {
+    clear();
+    wh::do_events();
+    const double t0 = bench::now_ms();
+    fill();
+    UpdateWindow(list.hwnd());
+    const double t = bench::now_ms() - t0;
+    if (round > 0) best = std::min(best, t);
+  }
+  return best;
 }
 
 }  // namespace
@@ -109,12 +149,45 @@ int main(int argc, char** argv) {
       floor = std::min(floor, p);
     }
   }
+
+  // The memory file forgets the last tenth: those come back as new.
+  std::string known;
+  for (int i = 1; i <= entries - entries / 10 && i <= wh::program_table_size; ++i)
+    known += wh::program_table[i].name + "\r\n";
+  wh::BinaryFile memory;
+  if (memory.open_binary(wh::memory_file_path()) == 0) {
+    memory.set_length(0);
+    memory.write_at(0, known.data(), static_cast<DWORD>(known.size()));
+    memory.close();
+  }
+  const wh::ProgramRows rows = wh::merge_memory_file(1);
+  bench::BenchForm form;
+  const wh::ListBox::Options options{.multi_select = wh::multi_extended, .sorted = true};
+  auto& List1 = form.add<wh::ListBox>("List1", wh::page_place(), options);
+  auto& plain = form.add<wh::ListBox>("plain", wh::page_place(), options);
+  plain.Visible(false);  // one list on the page at a time
+  form.Show();
+  wh::do_events();
+  const double list_ms =
+      best_fill(List1, [&] { List1.Clear(); }, [&] { wh::show_program_rows(List1, rows); });
+  const int shown = List1.ListCount();
+  const std::string first = List1.List(0);
+  List1.Visible(false);
+  plain.Visible(true);
+  const double plain_ms = best_fill(
+      plain, [&] { SendMessageA(plain.hwnd(), LB_RESETCONTENT, 0, 0); },
+      [&] { plain_fill(plain, rows); });
+
   for (int i = 0; i < entries; ++i) {
     std::snprintf(name, sizeof name, "WhBench%04d", i);
     wh::reg_delete_key(HKEY_LOCAL_MACHINE, root + name);
   }
   std::printf("programs %d (plain loop: %d entries)\n", count, plain_count);
+  std::printf("List1: %d rows (%zu new), the first \"%s\"; plain list %d rows\n", shown,
+              rows.fresh.size(), first.c_str(), plain.ListCount());
   std::printf("figure uninstall_scan %.3f ms\n", best);
   std::printf("figure plain_scan %.3f ms\n", floor);
+  std::printf("figure uninstall_list %.3f ms\n", list_ms);
+  std::printf("figure plain_list %.3f ms\n", plain_ms);
   return 0;
 }
