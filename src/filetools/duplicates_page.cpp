@@ -442,9 +442,18 @@ void DuplicatesPage::walk(const std::string& folder, bool sizes) {
   dupprogress.Caption(fso.GetBaseName(folder));
   // An unreadable folder is passed over with its subfolders.
   if (ignore_errors([&] { k1.Path(folder); }) != 0) return;
-  // The lengths come with k1's own listing: no call per file.
-  std::vector<Folder> subfolders;
-  Folder(folder).SubFolders(subfolders);
+  // The lengths come with k1's own listing: no call per file. So do the
+  // subfolders when its masks take every name; else they need a listing.
+  std::vector<std::string> subfolders;
+  if (k1.SubFolders(subfolders)) {
+    const char last = folder.back();  // k1 took the folder: not empty
+    const std::string parent = last == '\\' || last == '/' ? folder : folder + "\\";
+    for (std::string& name : subfolders) name = parent + name;
+  } else {
+    std::vector<Folder> found;
+    Folder(folder).SubFolders(found);
+    for (const Folder& sub : found) subfolders.push_back(sub.Path());
+  }
   std::string prefix = folder + "\\";  // a root's files get "C:\\name"
   const int n = k1.ListCount();
   for (int i = 0; i < n; ++i) {
@@ -462,7 +471,7 @@ void DuplicatesPage::walk(const std::string& folder, bool sizes) {
       do_events();
     }
   }
-  for (const Folder& sub : subfolders) walk(sub.Path(), sizes);
+  for (const std::string& sub : subfolders) walk(sub, sizes);
 }
 
 void DuplicatesPage::duplicates_Click() {

@@ -68,6 +68,8 @@ void FileListBox::Refresh() {
   std::string dir = path_;
   if (dir.back() != '\\') dir += '\\';
   std::set<std::string> seen;  // two masks may match one file
+  folders_.clear();
+  folders_listed_ = false;
   size_t from = 0;
   while (from <= pattern_.size()) {
     size_t to = pattern_.find(';', from);
@@ -81,10 +83,15 @@ void FileListBox::Refresh() {
     // system keeps them: "*.htm" takes "page.html", as Windows' own lists do.
     FileFind find(dir + mask, true);
     if (!find.found()) continue;
+    const bool every_name = (mask == "*" || mask == "*.*") && !folders_listed_;
+    folders_listed_ = folders_listed_ || every_name;
     do {
       const FoundEntry& fd = find.entry();
       DWORD a = fd.attributes;
-      if (a & FILE_ATTRIBUTE_DIRECTORY) continue;
+      if (a & FILE_ATTRIBUTE_DIRECTORY) {
+        if (every_name && fd.name != "." && fd.name != "..") folders_.push_back(fd.name);
+        continue;
+      }
       if ((a & FILE_ATTRIBUTE_HIDDEN) && !Hidden) continue;
       if ((a & FILE_ATTRIBUTE_SYSTEM) && !System) continue;
       if ((a & FILE_ATTRIBUTE_READONLY) && !ReadOnly) continue;
@@ -113,6 +120,12 @@ double FileListBox::Length(int index) const {
   WIN32_FILE_ATTRIBUTE_DATA d;
   if (!::GetFileAttributesExA((path + List(index)).c_str(), GetFileExInfoStandard, &d)) return 0;
   return static_cast<double>(d.nFileSizeHigh) * 4294967296.0 + d.nFileSizeLow;
+}
+
+bool FileListBox::SubFolders(std::vector<std::string>& names) const {
+  if (!folders_listed_) return false;
+  names = folders_;
+  return true;
 }
 
 std::string FileListBox::FileName() const {

@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <vector>
 
 #include "ui/list_box.h"
 
@@ -32,12 +33,18 @@ public:
   // when the row could not hold it; 0 when the file is gone. 381 outside
   // the rows.
   double Length(int index) const;
+  // The subfolders (names, hidden ones too) that the last listing passed
+  // over, when one of its masks takes every name ("*", "*.*"): a walk down
+  // the tree needs no listing of its own then. False when none did.
+  bool SubFolders(std::vector<std::string>& names) const;
 
   Event PathChange, PatternChange;
 
 private:
   std::string path_;
   std::string pattern_ = "*.*";
+  std::vector<std::string> folders_;  // of a listing of every name
+  bool folders_listed_ = false;
 };
 
 }  // namespace wh

@@ -195,6 +195,42 @@ TEST_F(DupSection, SameContentComparesTwoSamplesOfEqualSizes) {
   SetFileAttributesA((dir / "a\\orig.dat").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
+// Masks that take every name walk down the tree from k1's own listing,
+// others from a listing of their own: the same files either way, those of
+// hidden folders too.
+TEST_F(DupSection, EveryNameOrSomeMasksWalkTheSameSubfolders) {
+  ScratchDir dir("dup_walk");
+  const std::string same(3000, 's');
+  dir.file("a.dat", same);
+  dir.file("one\\b.dat", same);
+  dir.file("one\\deeper\\still\\c.dat", same);
+  dir.file("two\\d.dat", same);
+  SetFileAttributesA(dir.folder("two").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  search(dir.path());
+  page.Option4.Value(true);
+  ScriptedDialogs boxes;
+  other("*.dat");
+  page.Text7.Text("*.*");  // one of the stored masks, or a new one
+  int enter = VK_RETURN;
+  page.Text7_KeyDown(enter, 0);
+  auto only = [&](const std::string& mask) {
+    for (int i = 0; i < page.List5.ListCount(); ++i)
+      page.List5.Selected(i, page.List5.List(i) == mask);
+  };
+  only("*.*");
+  page.Image37_Click();
+  auto every = lines();
+  only("*.dat");
+  page.Image37_Click();
+  auto some = lines();
+  EXPECT_EQ(0u, boxes.count()) << (boxes.count() ? boxes.last().text : "");
+  ASSERT_EQ(4u, every.size());
+  std::sort(every.begin(), every.end());
+  std::sort(some.begin(), some.end());
+  EXPECT_EQ(some, every);
+  EXPECT_EQ("1 " + dir / "one\\deeper\\still\\c.dat", every[2]);
+}
+
 TEST_F(DupSection, VideoWithDocumentsMatchesNeitherMovNorDoc) {
   ScratchDir dir("dup_masks");
   for (const char* n : {"1\\clip.mov", "2\\clip.mov", "1\\memo.doc", "2\\memo.doc",

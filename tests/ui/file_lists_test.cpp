@@ -63,6 +63,21 @@ TEST_F(FileLists, RowsKeepTheLengthsTheListingFound) {
   EXPECT_EQ(381, error_of([&] { files.Length(4); }));
 }
 
+TEST_F(FileLists, AListingOfEveryNameKeepsTheSubfoldersItPassedOver) {
+  SetFileAttributesA(dir.folder("secret").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  std::vector<std::string> names{"stale"};
+  files.Path(root);
+  files.Pattern("*.tmp");
+  EXPECT_FALSE(files.SubFolders(names)) << "a mask that takes some names only";
+  for (const char* pattern : {"*.bak; *.*", "*"}) {
+    files.Pattern(pattern);
+    ASSERT_TRUE(files.SubFolders(names)) << pattern;
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ((std::vector<std::string>{"Zeta", "alpha", "secret", "sub.tmp"}), names) << pattern;
+  }
+  EXPECT_EQ(5, files.ListCount()) << "the rows are still the shown files";
+}
+
 TEST_F(FileLists, HiddenAndSystemFilesShowOnlyWhenAsked) {
   ASSERT_TRUE(has_attribute(".hidden.tmp", FILE_ATTRIBUTE_HIDDEN));
   files.Path(root);
