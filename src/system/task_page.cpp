@@ -36,12 +36,13 @@ bool spared_by_harrow_all(const std::string& row, const std::string& own_exe) {
 }
 
 namespace {
-// Two lists side by side under their captions.
+// Two lists side by side under their captions. A caption reaches down to
+// its list: a gap would show the lists of other sections underneath.
 Place half(int which, bool caption) {
   const Place p = page_place();
   const int w = (p.width - 10) / 2;
   const int x = p.left + which * (w + 10);
-  if (caption) return Place{x, p.top, w, 18};
+  if (caption) return Place{x, p.top, w, 20};
   return Place{x, p.top + 20, w, p.height - 20};
 }
 }  // namespace
