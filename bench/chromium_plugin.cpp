@@ -12,27 +12,12 @@
 #include <string>
 
 #include "bench_clock.h"
+#include "plain_walks.h"
 #include "platform/automation.h"
 #include "platform/rt_error.h"
 
 namespace {
 
-void plain_delete(const std::string& folder) {
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h != INVALID_HANDLE_VALUE) {
-    do {
-      std::string name = fd.cFileName;
-      if (name == "." || name == "..") continue;
-      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-        plain_delete(folder + "\\" + name);
-      else
-        DeleteFileA((folder + "\\" + name).c_str());
-    } while (FindNextFileA(h, &fd));
-    FindClose(h);
-  }
-  RemoveDirectoryA(folder.c_str());
-}
 
 HRESULT self_register(const char* dll, bool do_register) {
   HMODULE module = LoadLibraryA(dll);
@@ -76,7 +61,7 @@ int main(int argc, char** argv) {
   std::printf("figure chromium_run %.3f ms\n", t);
   if (argc > 3 && exists(argv[3])) {
     double p0 = bench::now_ms();
-    plain_delete(argv[3]);
+    plain::delete_tree(argv[3]);
     std::printf("figure plain_delete %.3f ms\n", bench::now_ms() - p0);
   }
   return ran && !left ? 0 : 1;

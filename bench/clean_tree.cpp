@@ -12,27 +12,9 @@
 
 #include "bench_clock.h"
 #include "bench_form.h"
+#include "plain_walks.h"
 #include "cleaning/cleaner.h"
 #include "platform/fso.h"
-
-namespace {
-void plain_delete(const std::string& folder) {
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((folder + "\\*").c_str(), &fd);
-  if (h != INVALID_HANDLE_VALUE) {
-    do {
-      std::string name = fd.cFileName;
-      if (name == "." || name == "..") continue;
-      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-        plain_delete(folder + "\\" + name);
-      else
-        DeleteFileA((folder + "\\" + name).c_str());
-    } while (FindNextFileA(h, &fd));
-    FindClose(h);
-  }
-  RemoveDirectoryA(folder.c_str());
-}
-}  // namespace
 
 int main(int argc, char** argv) {
   if (argc < 2 || !wh::file_system().FolderExists(argv[1])) {
@@ -45,7 +27,7 @@ int main(int argc, char** argv) {
   const bool plain = argc > 2 && wh::file_system().FolderExists(argv[2]);
   auto plain_run = [&] {
     const double p0 = bench::now_ms();
-    plain_delete(argv[2]);
+    plain::delete_tree(argv[2]);
     std::printf("figure plain_delete %.3f ms\n", bench::now_ms() - p0);
   };
   if (plain && argc > 3 && std::string(argv[3]) == "plain-first") plain_run();

@@ -40,4 +40,17 @@ inline double tree_size(const std::string& folder) {
   return total;
 }
 
+// Deletes a tree: DeleteFileA for each file, RemoveDirectoryA for each
+// folder once emptied.
+inline void delete_tree(const std::string& folder) {
+  list(folder + "\\*", [&](const WIN32_FIND_DATAA& fd) {
+    const std::string path = folder + "\\" + fd.cFileName;
+    if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+      delete_tree(path);
+    else
+      DeleteFileA(path.c_str());
+  });
+  RemoveDirectoryA(folder.c_str());
+}
+
 }  // namespace plain
