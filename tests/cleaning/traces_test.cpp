@@ -1,5 +1,6 @@
-// The registry traces, categories 10 to 14, 16 and 17, against the real keys
-// of the prefix: each test makes the keys it cleans and removes what stays.
+// The registry traces against the real keys of the prefix: each test makes
+// the keys it cleans and removes what stays. The lists that go whole (run,
+// recent, typed) and the clipboard: the Harrow of all eighteen (index tests).
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -11,7 +12,6 @@
 #include "cleaning/junk_state.h"
 #include "cleaning/junk_support.h"
 #include "cleaning/traces.h"
-#include "platform/clipboard.h"
 #include "platform/registry.h"
 #include "support/scratch.h"
 
@@ -63,24 +63,6 @@ TEST(RegistryTraces, StreamsKeepDesktopAndTheKeyThatHoldsIt) {
   EXPECT_TRUE(key_exists(HKEY_CURRENT_USER, kExplorer + "Streams\\Desktop"));
 }
 
-TEST(RegistryTraces, RunRecentAndTypedListsGoWhole) {
-  MadeKey run(HKEY_CURRENT_USER, kExplorer + "RunMRU");
-  MadeKey recent(HKEY_CURRENT_USER, kExplorer + "RecentDocs");
-  MadeKey typed(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs");
-  make_key(HKEY_CURRENT_USER, kExplorer + "RunMRU", {{"a", "notepad\\1"}, {"MRUList", "a"}});
-  make_key(HKEY_CURRENT_USER, kExplorer + "RecentDocs", {{"MRUListEx", "x"}});
-  make_key(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs",
-           {{"url1", "http://example.com/"}});
-
-  clean_run_mru();
-  clean_recent_docs();
-  opera_folder.clear();
-  clean_typed_urls();
-  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "RunMRU"));
-  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "RecentDocs"));
-  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs"));
-}
-
 TEST(RegistryTraces, TypedUrlsTakeOperasListOnlyWhenOperaWasFound) {
   ScratchDir dir("typed");
   const std::string vlink = dir.file("Opera\\Profile\\vlink4.dat", "links");
@@ -116,16 +98,6 @@ TEST(RegistryTraces, FindHistoryTakesOnlyTheOneLiteralUser) {
   EXPECT_TRUE(key_exists(HKEY_USERS, kSid + kAcMru));
   EXPECT_TRUE(value_exists(HKEY_USERS, other + kAcMru + "\\5603", "000"));
   EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, kExplorer + "Doc Find Spec MRU", "a"));
-}
-
-TEST(RegistryTraces, ClipboardIsEmptiedWhateverItHolds) {
-  ASSERT_EQ(0, clipboard_set_text("secret"));
-  clean_clipboard();
-  std::string text = "?";
-  clipboard_get_text(text);
-  EXPECT_EQ("", text);
-  ClipboardLock lock;
-  EXPECT_EQ(0, CountClipboardFormats());
 }
 
 TEST(RegistryTraces, OpenSaveListsGoByTheirMruLetters) {
