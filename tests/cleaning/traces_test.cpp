@@ -16,9 +16,11 @@
 #include "support/scratch.h"
 
 using namespace wh;
+using wh::test::key_exists;
 using wh::test::make_key;
 using wh::test::MadeKey;
 using wh::test::path_exists;
+using wh::test::value_exists;
 using wh::test::ScratchDir;
 
 namespace {
@@ -26,22 +28,6 @@ namespace {
 const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
 const std::string kSid = "S-1-5-21-1644491937-152049171-842925246-1003";
 const std::string kAcMru = "\\Software\\Microsoft\\Search Assistant\\ACMru";
-
-bool key_exists(HKEY hive, const std::string& key) {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
-  RegCloseKey(k);
-  return true;
-}
-
-bool value_exists(HKEY hive, const std::string& key, const std::string& name) {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
-  const bool found =
-      RegQueryValueExA(k, name.c_str(), nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-  RegCloseKey(k);
-  return found;
-}
 
 TEST(RegistryTraces, StreamsKeepDesktopAndTheKeyThatHoldsIt) {
   MadeKey mru(HKEY_CURRENT_USER, kExplorer + "StreamMRU");

@@ -23,14 +23,6 @@ using wh::test::TestForm;
 
 namespace {
 
-bool key_exists(const std::string& key) {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS)
-    return false;
-  RegCloseKey(k);
-  return true;
-}
-
 TEST(HarrowAll18, TracesGoAndEveryBystanderStaysByteForByte) {
   JunkWorld world;
   TestForm form;
@@ -74,7 +66,7 @@ TEST(HarrowAll18, TracesGoAndEveryBystanderStaysByteForByte) {
   EXPECT_FALSE(path_exists(history));
   EXPECT_FALSE(path_exists(vlink));
   EXPECT_FALSE(path_exists(signons));
-  for (const std::string& list : lists) EXPECT_FALSE(key_exists(list)) << list;
+  for (const std::string& list : lists) EXPECT_FALSE(wh::test::key_exists(HKEY_CURRENT_USER, list)) << list;
   std::string text = "?";
   clipboard_get_text(text);
   EXPECT_EQ("", text);
