@@ -313,7 +313,9 @@ TEST_F(Junk, ABinAbove2GBShowsTheSignedLowHalfOfItsSize) {
   page.junk_scan();
   EXPECT_EQ(size_text(static_cast<double>(static_cast<int32_t>(static_cast<uint32_t>(all)))),
             label(1));
-  if (before == 0) EXPECT_EQ(size_text(-1294967296.0), label(1));
+  if (before == 0) {
+    EXPECT_EQ(size_text(-1294967296.0), label(1));
+  }
   empty_recycle_bin(nullptr, "", SHERB_NOCONFIRMATION | SHERB_NOPROGRESSUI | SHERB_NOSOUND);
 }
 
