@@ -122,6 +122,55 @@ void Expect::check() const {
   for (const std::wstring& path : gone_) EXPECT_FALSE(exists(path)) << utf8(path);
 }
 
+void chromium_profile(Expect& expect, const std::wstring& folder, const std::wstring& cache_home) {
+  for (const wchar_t* kept :
+       {L"Preferences", L"Secure Preferences", L"Cookies", L"History", L"Login Data",
+        L"Bookmarks", L"Web Data", L"Network\\Cookies", L"Local Storage\\leveldb\\000003.log",
+        L"Extensions\\aapocclcgogkmnckokdopfmhonfmgoek\\0.10_0\\manifest.json",
+        L"Sessions\\Session_13350000000000001", L"Service Worker\\Database\\MANIFEST-000001"})
+    expect.keep(folder + L"\\" + kept);
+  const std::wstring home = cache_home.empty() ? folder : cache_home;
+  for (const wchar_t* cached :
+       {L"Cache\\Cache_Data\\index", L"Cache\\Cache_Data\\data_0", L"Cache\\Cache_Data\\f_00001a",
+        L"Cache\\Cache_Data\\\u0219coal\u0103-\u65e5\u672c.bin", L"Code Cache\\js\\index",
+        L"Code Cache\\js\\index-dir\\the-real-index", L"Code Cache\\wasm\\index",
+        L"GPUCache\\data_1", L"Service Worker\\CacheStorage\\0a1b2c\\5e6f-77\\index",
+        L"Service Worker\\ScriptCache\\2cc80dab_0", L"Service Worker\\ScriptCache\\index"})
+    expect.gone(home + L"\\" + cached);
+  SetFileAttributesW(expect.gone(home + L"\\GPUCache\\data_2").c_str(), FILE_ATTRIBUTE_READONLY);
+  for (const wchar_t* cache : {L"Cache", L"Code Cache", L"GPUCache", L"Service Worker\\CacheStorage",
+                               L"Service Worker\\ScriptCache"})
+    expect.gone_folder(home + L"\\" + cache);
+}
+
+void chromium_user_data(Expect& expect, const std::wstring& data) {
+  expect.keep(data + L"\\Local State");
+  expect.gone(data + L"\\ShaderCache\\data_0");
+  expect.gone(data + L"\\GrShaderCache\\data_1");
+  expect.gone_folder(data + L"\\ShaderCache");
+  expect.gone_folder(data + L"\\GrShaderCache");
+}
+
+void firefox_profile(Expect& expect, const std::wstring& family, const std::wstring& name) {
+  const std::wstring data = roaming_appdata() + L"\\" + family + L"\\Profiles\\" + name;
+  const std::wstring caches = local_appdata() + L"\\" + family + L"\\Profiles\\" + name;
+  for (const wchar_t* kept : {L"places.sqlite", L"key4.db", L"cookies.sqlite", L"prefs.js",
+                              L"logins.json", L"sessionstore.jsonlz4", L"extensions.json",
+                              L"storage\\default\\https+++example.org\\ls\\data.sqlite"})
+    expect.keep(data + L"\\" + kept);
+  for (const wchar_t* kept : {L"places.sqlite", L"cookies.sqlite",
+                              L"safebrowsing\\google4\\goog-phish.vlpset", L"jumpListCache\\icon.ico"})
+    expect.keep(caches + L"\\" + kept);
+  for (const wchar_t* cached :
+       {L"cache2\\entries\\0A1B2C3D4E5F60718293A4B5C6D7E8F901234567", L"cache2\\index",
+        L"cache2\\doomed\\123", L"startupCache\\startupCache.8.little",
+        L"startupCache\\scriptCache-child.bin", L"thumbnails\\3f2a\\\u65e5\u672c.png",
+        L"thumbnails\\9c1e.png"})
+    expect.gone(caches + L"\\" + cached);
+  for (const wchar_t* cache : {L"cache2", L"startupCache", L"thumbnails"})
+    expect.gone_folder(caches + L"\\" + cache);
+}
+
 Holder::Holder(const std::wstring& path) {
   wchar_t self[MAX_PATH] = {};
   GetModuleFileNameW(nullptr, self, MAX_PATH);

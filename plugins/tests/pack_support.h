@@ -62,6 +62,8 @@ public:
   std::wstring keep(const std::wstring& path);
   // A file that goes (its folder's fate is checked by the test).
   std::wstring gone(const std::wstring& path);
+  // A folder that goes whole.
+  void gone_folder(const std::wstring& path) { gone_.push_back(path); }
   // Checks both after the run, through gtest.
   void check() const;
 
@@ -70,6 +72,19 @@ private:
   std::map<std::wstring, std::string> kept_;
   std::vector<std::wstring> gone_;
 };
+
+// A Chromium browser's profile: what must stay, and its caches, which go
+// whole (under `cache_home` when the browser keeps them apart, as Opera's
+// local folder does). A read-only cache file goes too.
+void chromium_profile(Expect& expect, const std::wstring& folder,
+                      const std::wstring& cache_home = {});
+// A Chromium browser's user data folder: its shared shader caches go, its
+// "Local State" stays.
+void chromium_user_data(Expect& expect, const std::wstring& data);
+// A Firefox-family profile: its data under the roaming folder, its caches
+// under the local one beside files of the data's names (which stay too);
+// cache2, startupCache and thumbnails go whole.
+void firefox_profile(Expect& expect, const std::wstring& family, const std::wstring& name);
 
 // Another process holding a file open with no sharing, as a running browser
 // or Explorer holds its caches; it ends with the object.

@@ -59,35 +59,14 @@ TEST_F(PackThroughTheProgram, APcOfTodayLosesItsCachesInOneHarrowAndKeepsTheRest
   }
 
   const std::wstring local = local_appdata(), roaming = roaming_appdata();
-  std::vector<std::wstring> homes;
-  for (const std::wstring& data : {local + L"\\Google\\Chrome\\User Data\\Default",
-                                   local + L"\\Google\\Chrome\\User Data\\Profile 1",
-                                   local + L"\\Microsoft\\Edge\\User Data\\Default",
-                                   local + L"\\Microsoft\\Edge\\User Data\\Profile 3"}) {
-    for (const wchar_t* kept : {L"Preferences", L"Cookies", L"History", L"Login Data", L"Bookmarks",
-                                L"Local Storage\\leveldb\\000003.log",
-                                L"Extensions\\ghbmnnjooekpmoecnnnilnnbdlolhkhi\\1.0_0\\manifest.json"})
-      expect.keep(data + L"\\" + kept);
-    for (const wchar_t* cached : {L"Cache\\Cache_Data\\data_0", L"Code Cache\\js\\index",
-                                  L"GPUCache\\data_1", L"Service Worker\\CacheStorage\\ab\\cd\\index",
-                                  L"Service Worker\\ScriptCache\\index"})
-      expect.gone(data + L"\\" + cached);
-  }
   for (const std::wstring& data :
        {local + L"\\Google\\Chrome\\User Data", local + L"\\Microsoft\\Edge\\User Data"}) {
-    expect.keep(data + L"\\Local State");
-    expect.gone(data + L"\\ShaderCache\\data_0");
-    expect.gone(data + L"\\GrShaderCache\\data_0");
+    chromium_user_data(expect, data);
+    chromium_profile(expect, data + L"\\Default");
+    chromium_profile(expect, data + L"\\Profile 3");
   }
-  for (const wchar_t* profile : {L"abcd1234.default-release", L"efgh5678.work"}) {
-    const std::wstring data = roaming + L"\\Mozilla\\Firefox\\Profiles\\" + profile;
-    for (const wchar_t* kept : {L"places.sqlite", L"key4.db", L"cookies.sqlite", L"prefs.js"})
-      expect.keep(data + L"\\" + kept);
-    const std::wstring caches = local + L"\\Mozilla\\Firefox\\Profiles\\" + profile;
-    for (const wchar_t* cached : {L"cache2\\entries\\ABCDEF0123456789", L"startupCache\\startupCache.8.little",
-                                  L"thumbnails\\1a2b.png"})
-      expect.gone(caches + L"\\" + cached);
-  }
+  firefox_profile(expect, L"Mozilla\\Firefox", L"abcd1234.default-release");
+  firefox_profile(expect, L"Mozilla\\Firefox", L"efgh5678.work");
   const std::wstring explorer = local + L"\\Microsoft\\Windows\\Explorer";
   expect.gone(explorer + L"\\iconcache_32.db");
   expect.keep(explorer + L"\\ExplorerStartupLog.etl");

@@ -46,6 +46,23 @@ inline void make_key(HKEY hive, const std::string& key,
   RegCloseKey(k);
 }
 
+// Whether a key, or a value of a key, stands.
+inline bool key_exists(HKEY hive, const std::string& key) {
+  HKEY k = nullptr;
+  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
+  RegCloseKey(k);
+  return true;
+}
+
+inline bool value_exists(HKEY hive, const std::string& key, const std::string& name) {
+  HKEY k = nullptr;
+  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
+  const bool found =
+      RegQueryValueExA(k, name.c_str(), nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+  RegCloseKey(k);
+  return found;
+}
+
 // Removes, at the end of a test, a key tree the test made.
 class MadeKey {
 public:

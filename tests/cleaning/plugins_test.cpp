@@ -155,7 +155,7 @@ TEST_F(PluginScan, OnlyTheFirstUnknownFileOfAStartIsRegistered) {
   EXPECT_EQ(2, page.pluginlist.ListCount());
 }
 
-TEST_F(PluginScan, TheDescriptionUnderThePointerGoesOnThePanelLineByLine) {
+TEST_F(PluginScan, TheDescriptionUnderThePointerGoesOnThePanelAndHarrowRunsTheSelected) {
   CrashDumps dumps;
   if (!dumps.made) GTEST_SKIP() << "the prefix has crash dumps of its own";
   Plugins plugins;
@@ -170,7 +170,7 @@ TEST_F(PluginScan, TheDescriptionUnderThePointerGoesOnThePanelLineByLine) {
   EXPECT_EQ("Foo", form.lighton);
 
   // The same line again is not read anew.
-  wh::test::write_file(dumps.path + "\\app.dmp", "dump");
+  wh::test::write_file(dumps.path + "\\one.dmp", "dump");
   page.pluginlist_MouseMove(2);
   EXPECT_EQ((Names{"  No crash dumps"}), panel(form));
 
@@ -180,18 +180,8 @@ TEST_F(PluginScan, TheDescriptionUnderThePointerGoesOnThePanelLineByLine) {
   page.pluginlist_MouseMove(1);
   EXPECT_EQ((Names{"    Crash dumps", "1 file", "left by programs", "that crashed"}),
             panel(form));
-}
 
-TEST_F(PluginScan, HarrowRunsTheSelectedPluginsAndAFailingOneStopsTheRun) {
-  CrashDumps dumps;
-  if (!dumps.made) GTEST_SKIP() << "the prefix has crash dumps of its own";
-  wh::test::write_file(dumps.path + "\\one.dmp", "dump");
   wh::test::write_file(dumps.path + "\\old\\two.dmp", "dump");
-  Plugins plugins;
-  plugins.add("Foo.dll");
-  PluginPage page(form, shared);
-  page.scan_plugins();
-
   page.del_block();  // not selected: not run
   EXPECT_TRUE(path_exists(dumps.path + "\\one.dmp"));
 
@@ -202,6 +192,7 @@ TEST_F(PluginScan, HarrowRunsTheSelectedPluginsAndAFailingOneStopsTheRun) {
   EXPECT_TRUE(page.pluginlist.Selected(0));  // the selection stays
   EXPECT_EQ((Names{"junk_scan", "junk_scan"}), page.calls);
 
+  // A plug-in that cannot be made stops the run, before the scan.
   page.pluginlist.AddItem("Gone");
   page.pluginlist.Selected(1, true);
   try {
@@ -210,7 +201,7 @@ TEST_F(PluginScan, HarrowRunsTheSelectedPluginsAndAFailingOneStopsTheRun) {
   } catch (const RuntimeError& e) {
     EXPECT_EQ(rt_cannot_create_object, e.number());
   }
-  EXPECT_EQ(2u, page.calls.size());  // no scan after it
+  EXPECT_EQ(2u, page.calls.size());
 }
 
 TEST_F(PluginScan, TheButtonOpensThePanelScanningAgainOnlyWhenTheListIsEmpty) {

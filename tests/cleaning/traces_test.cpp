@@ -1,5 +1,6 @@
-// The registry traces, categories 10 to 14, 16 and 17, against the real keys
-// of the prefix: each test makes the keys it cleans and removes what stays.
+// The registry traces against the real keys of the prefix: each test makes
+// the keys it cleans and removes what stays. The lists that go whole (run,
+// recent, typed) and the clipboard: the Harrow of all eighteen (index tests).
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -11,14 +12,15 @@
 #include "cleaning/junk_state.h"
 #include "cleaning/junk_support.h"
 #include "cleaning/traces.h"
-#include "platform/clipboard.h"
 #include "platform/registry.h"
 #include "support/scratch.h"
 
 using namespace wh;
+using wh::test::key_exists;
 using wh::test::make_key;
 using wh::test::MadeKey;
 using wh::test::path_exists;
+using wh::test::value_exists;
 using wh::test::ScratchDir;
 
 namespace {
@@ -26,22 +28,6 @@ namespace {
 const std::string kExplorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
 const std::string kSid = "S-1-5-21-1644491937-152049171-842925246-1003";
 const std::string kAcMru = "\\Software\\Microsoft\\Search Assistant\\ACMru";
-
-bool key_exists(HKEY hive, const std::string& key) {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
-  RegCloseKey(k);
-  return true;
-}
-
-bool value_exists(HKEY hive, const std::string& key, const std::string& name) {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(hive, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS) return false;
-  const bool found =
-      RegQueryValueExA(k, name.c_str(), nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
-  RegCloseKey(k);
-  return found;
-}
 
 TEST(RegistryTraces, StreamsKeepDesktopAndTheKeyThatHoldsIt) {
   MadeKey mru(HKEY_CURRENT_USER, kExplorer + "StreamMRU");
@@ -61,24 +47,6 @@ TEST(RegistryTraces, StreamsKeepDesktopAndTheKeyThatHoldsIt) {
   // Only Desktop: nothing below goes, and the key stands.
   clean_stream_mru();
   EXPECT_TRUE(key_exists(HKEY_CURRENT_USER, kExplorer + "Streams\\Desktop"));
-}
-
-TEST(RegistryTraces, RunRecentAndTypedListsGoWhole) {
-  MadeKey run(HKEY_CURRENT_USER, kExplorer + "RunMRU");
-  MadeKey recent(HKEY_CURRENT_USER, kExplorer + "RecentDocs");
-  MadeKey typed(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs");
-  make_key(HKEY_CURRENT_USER, kExplorer + "RunMRU", {{"a", "notepad\\1"}, {"MRUList", "a"}});
-  make_key(HKEY_CURRENT_USER, kExplorer + "RecentDocs", {{"MRUListEx", "x"}});
-  make_key(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs",
-           {{"url1", "http://example.com/"}});
-
-  clean_run_mru();
-  clean_recent_docs();
-  opera_folder.clear();
-  clean_typed_urls();
-  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "RunMRU"));
-  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, kExplorer + "RecentDocs"));
-  EXPECT_FALSE(key_exists(HKEY_CURRENT_USER, "Software\\Microsoft\\Internet Explorer\\TypedURLs"));
 }
 
 TEST(RegistryTraces, TypedUrlsTakeOperasListOnlyWhenOperaWasFound) {
@@ -116,16 +84,6 @@ TEST(RegistryTraces, FindHistoryTakesOnlyTheOneLiteralUser) {
   EXPECT_TRUE(key_exists(HKEY_USERS, kSid + kAcMru));
   EXPECT_TRUE(value_exists(HKEY_USERS, other + kAcMru + "\\5603", "000"));
   EXPECT_TRUE(value_exists(HKEY_CURRENT_USER, kExplorer + "Doc Find Spec MRU", "a"));
-}
-
-TEST(RegistryTraces, ClipboardIsEmptiedWhateverItHolds) {
-  ASSERT_EQ(0, clipboard_set_text("secret"));
-  clean_clipboard();
-  std::string text = "?";
-  clipboard_get_text(text);
-  EXPECT_EQ("", text);
-  ClipboardLock lock;
-  EXPECT_EQ(0, CountClipboardFormats());
 }
 
 TEST(RegistryTraces, OpenSaveListsGoByTheirMruLetters) {

@@ -106,20 +106,6 @@ TEST(UrlScan, PiecesOfAnySizeFindWhatOneByteAtATimeFinds) {
   }
 }
 
-TEST(UrlScan, TheOperaScannerEndsAtLineFeedsAndFourAndDropsTwoSlashes) {
-  UrlScanState state;
-  Lines lines;
-  url_scan_feed(state, UrlScanner::opera_file, "file://c/a b\nhttp://x.ro)y\x04", lines);
-  EXPECT_EQ((Lines{"c/a b", "http://x.ro)y"}), lines);
-}
-
-TEST(UrlScan, FirefoxAddressesEndAtAClosingBracket) {
-  UrlScanState state;
-  Lines lines;
-  url_scan_feed(state, UrlScanner::firefox_history, "(URL=http://ff.ro/a b)(x)", lines);
-  EXPECT_EQ((Lines{"http://ff.ro/a b"}), lines);
-}
-
 TEST(UrlScan, Tidying) {
   EXPECT_EQ("C:/My Docs", clean_url_text("///C:/My%20Docs/"));
   EXPECT_EQ("/C:/My Docs", clean_url_text2("///C:/My%20Docs/"));

@@ -6,27 +6,22 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "cleaning/junk_support.h"
 #include "filetools/shredder.h"
+#include "platform/clipboard.h"
 #include "support/pending.h"
 
 using namespace wh;
 using wh::test::JunkShared;
 using wh::test::JunkWorld;
+using wh::test::make_key;
 using wh::test::path_exists;
 using wh::test::read_file;
 using wh::test::TestForm;
 
 namespace {
-
-bool key_exists(const std::string& key) {
-  HKEY k = nullptr;
-  if (RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &k) != ERROR_SUCCESS)
-    return false;
-  RegCloseKey(k);
-  return true;
-}
 
 TEST(HarrowAll18, TracesGoAndEveryBystanderStaysByteForByte) {
   JunkWorld world;
@@ -54,10 +49,12 @@ TEST(HarrowAll18, TracesGoAndEveryBystanderStaysByteForByte) {
   opera_folder = dir / "programs\\Opera";
   firefox_folder = dir.folder("programs\\Mozilla Firefox");
   firefox_profile = dir / "appdata\\Mozilla\\Firefox\\Profiles\\x1.default\\";
-  const std::string run = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU";
-  HKEY k = nullptr;
-  RegCreateKeyA(HKEY_CURRENT_USER, run.c_str(), &k);
-  RegCloseKey(k);
+  // The lists that go whole, and the clipboard.
+  const std::string explorer = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\";
+  const std::vector<std::string> lists = {explorer + "RunMRU", explorer + "RecentDocs",
+                                          "Software\\Microsoft\\Internet Explorer\\TypedURLs"};
+  for (const std::string& list : lists) make_key(HKEY_CURRENT_USER, list, {{"a", "x"}});
+  ASSERT_EQ(0, clipboard_set_text("secret"));
 
   page.junk_scan();
   for (int i = 1; i <= 18; ++i) page.check[i]->Value(1);
@@ -69,7 +66,10 @@ TEST(HarrowAll18, TracesGoAndEveryBystanderStaysByteForByte) {
   EXPECT_FALSE(path_exists(history));
   EXPECT_FALSE(path_exists(vlink));
   EXPECT_FALSE(path_exists(signons));
-  EXPECT_FALSE(key_exists(run));
+  for (const std::string& list : lists) EXPECT_FALSE(wh::test::key_exists(HKEY_CURRENT_USER, list)) << list;
+  std::string text = "?";
+  clipboard_get_text(text);
+  EXPECT_EQ("", text);
   EXPECT_FALSE(path_exists("c:\\temp"));
   for (int i = 1; i <= 18; ++i) EXPECT_EQ(0, page.check[i]->Value()) << i;
   opera_folder.clear();
