@@ -23,12 +23,6 @@ using wh::test::TestForm;
 
 namespace {
 
-std::string trimmed_line(const MainForm& m, int row) {
-  std::string s = m.lcd.Line(row);
-  while (!s.empty() && s.back() == ' ') s.pop_back();
-  return s;
-}
-
 class SplitSection : public ::testing::Test {
 protected:
   void SetUp() override {
@@ -234,17 +228,6 @@ TEST_F(SplitSection, TheDropHintShowsInSplitModeAndForOldFragmentsInMergeMode) {
   ActiveSection = 6;
   page.Form_OLEDragOver({"C:\\x\xC2\xAE" "2"});
   EXPECT_FALSE(page.Picture3.Visible());
-}
-
-TEST_F(SplitSection, HoveringCheck9WritesItsHelpOnceOnTheWay) {
-  form.lighton = "MAINU";
-  fire(page.Check9.MouseMove, 0, 0, 1, 1);
-  EXPECT_EQ("AFTERMERGE", form.lighton);
-  EXPECT_EQ("Delete fragments", trimmed_line(form, 1));
-  EXPECT_EQ("after merging", trimmed_line(form, 2));
-  form.lcd.Clear();
-  fire(page.Check9.MouseMove, 0, 0, 2, 2);
-  EXPECT_EQ("", trimmed_line(form, 1)) << "not written again while lighton holds the key";
 }
 
 // Boxes answered OK; when the box asks for the next disk, the test takes

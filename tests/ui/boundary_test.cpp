@@ -88,19 +88,5 @@ TEST_F(Boundary, TimerErrorEndsAWait) {
   EXPECT_EQ(0u, boxes.last().text.find("Run-time error '71':"));
 }
 
-TEST(Dialogs, ScriptedAnswersInOrderThenTheFallbackAndScopesNest) {
-  ScriptedDialogs boxes({IDYES, IDNO}, IDCANCEL);
-  EXPECT_EQ(IDYES, msg_box("first?", MB_YESNO, "T"));
-  {
-    ScriptedDialogs inner({IDABORT});
-    EXPECT_EQ(IDABORT, msg_box("in"));
-  }
-  EXPECT_EQ(IDNO, msg_box("second?", MB_YESNO));
-  EXPECT_EQ(IDCANCEL, msg_box("third"));
-  ASSERT_EQ(3u, boxes.count());
-  EXPECT_EQ("T", boxes.boxes()[0].title);
-  EXPECT_EQ("Wellharrower", boxes.boxes()[1].title);  // the default title
-}
-
 }  // namespace
 }  // namespace wh::test

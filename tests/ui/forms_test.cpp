@@ -105,16 +105,6 @@ TEST_F(Mouse, PressAndReleaseGiveDownUpClickInOrder) {
   EXPECT_EQ("M0 D1@3,4 U1 C W U1 D1@3,4 U1 D2@3,4 U2 ", log);
 }
 
-TEST_F(Mouse, TrayCallbackArrivesAsAMoveWithTheMessageInX) {
-  // The tray posts its callback (WM_MOUSEMOVE) with the icon id in wParam.
-  auto& tray = form.add<PictureBox>("Picture4", Place{0, 0, 16, 16});
-  int x = 0;
-  tray.MouseMove = [&](int, int, int mx, int) { x = mx; };
-  ::PostMessageA(tray.hwnd(), WM_MOUSEMOVE, 1, WM_RBUTTONDOWN);
-  do_events();
-  EXPECT_EQ(WM_RBUTTONDOWN, x);
-}
-
 TEST_F(Mouse, FormSurfaceGetsItsOwnEvents) {
   form.MouseDown = [&](int b, int, int, int) { log += "F" + std::to_string(b); };
   ::SendMessageA(form.hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
