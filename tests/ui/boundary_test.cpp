@@ -23,15 +23,12 @@ TEST_F(Boundary, ErrorInAClickShowsTheBoxAndEnds) {
   EXPECT_EQ(unsigned(MB_OK | MB_ICONSTOP), boxes.last().style);
   EXPECT_EQ("Wellharrower", boxes.last().title);
   EXPECT_EQ(1, end.calls());
-}
 
-TEST_F(Boundary, StandardExceptionsGetTheirRuntimeNumbers) {
-  ScriptedDialogs boxes;
-  EndHook end;
+  // A standard exception gets its run-time number.
   auto& label = form.add<Label>("Label1", Place{0, 0, 50, 20});
   label.Click = [] { throw std::out_of_range("x"); };
   click_at(label);
-  ASSERT_EQ(1u, boxes.count());
+  ASSERT_EQ(2u, boxes.count());
   EXPECT_EQ(0u, boxes.last().text.find("Run-time error '9':"));
 }
 
@@ -89,41 +86,6 @@ TEST_F(Boundary, TimerErrorEndsAWait) {
   EXPECT_THROW(wait_until([] { return false; }), ProgramEnded);
   EXPECT_EQ(1, end.calls());
   EXPECT_EQ(0u, boxes.last().text.find("Run-time error '71':"));
-}
-
-TEST(Dialogs, ScriptedAnswersInOrderThenTheFallback) {
-  ScriptedDialogs boxes({IDYES, IDNO}, IDCANCEL);
-  EXPECT_EQ(IDYES, msg_box("first?", MB_YESNO | MB_ICONEXCLAMATION, "T"));
-  EXPECT_EQ(IDNO, msg_box("second?", MB_YESNO));
-  EXPECT_EQ(IDCANCEL, msg_box("third"));
-  ASSERT_EQ(3u, boxes.count());
-  EXPECT_EQ("first?", boxes.boxes()[0].text);
-  EXPECT_EQ(unsigned(MB_YESNO | MB_ICONEXCLAMATION), boxes.boxes()[0].style);
-  EXPECT_EQ("T", boxes.boxes()[0].title);
-  EXPECT_EQ("Wellharrower", boxes.boxes()[1].title);  // the default title
-}
-
-TEST(Dialogs, ScopesNestAndRestore) {
-  ScriptedDialogs outer({IDOK});
-  {
-    ScriptedDialogs inner({IDNO});
-    EXPECT_EQ(IDNO, msg_box("in"));
-  }
-  EXPECT_EQ(IDOK, msg_box("out"));
-  EXPECT_EQ(1u, outer.count());
-  EXPECT_EQ("out", outer.last().text);
-}
-
-TEST(EndHooks, NestAndCount) {
-  EndHook outer;
-  {
-    EndHook inner;
-    EXPECT_THROW(end_program(7), ProgramEnded);
-    EXPECT_EQ(7, inner.code());
-  }
-  EXPECT_FALSE(outer.called());
-  EXPECT_THROW(end_program(), ProgramEnded);
-  EXPECT_EQ(1, outer.calls());
 }
 
 }  // namespace
