@@ -11,6 +11,7 @@
 #include "core/globals.h"
 #include "core/routines.h"
 #include "filetools/splitter.h"
+#include "platform/code_pages.h"
 #include "platform/rt_error.h"
 #include "support/scratch.h"
 
@@ -130,6 +131,32 @@ INSTANTIATE_TEST_SUITE_P(
                       JoinCase{"letters", "P\xC3\xA2ine \xC3\xAEn cuptor.zip", 25000, 7000, 2,
                                false, 4}),
     [](const auto& info) { return std::string(info.param.label); });
+
+// A limit of the format: cmd reads a batch file in the system's OEM code
+// page, and none has ș or an emoji. The batch file keeps the name in UTF-8
+// (right for a console set to it, chcp 65001): here the copy rebuilds the
+// file, and the rename gives it the name those bytes make in the OEM page.
+TEST(SplitAndJoinLimit, ANameOutsideTheOemCodePageIsRebuiltUnderAnotherName) {
+  if (system_oem_code_page() == CP_UTF8) GTEST_SKIP() << "a UTF-8 system reads every name";
+  const uint8_t saved = language_flag;
+  language_flag = 1;
+  ScratchDir dir("split_join_limit");
+  const std::string name = "\xC8\x99" "coal\xC4\x83 \xF0\x9F\x98\x80.zip";  // școală 😀.zip
+  const std::string content = bytes(20000);
+  const std::string source = dir.file("data\\" + name, content);
+  std::string destination = dir / "data";
+  int16_t count = 0;
+  ASSERT_EQ(split_done, split_file(source, destination, 7000, count, SplitProgress{}));
+  const std::string batch = batch_path(destination, name, 1);
+  EXPECT_NE(std::string::npos, read_file(batch).find('"' + name + '"')) << "left in UTF-8";
+  ASSERT_TRUE(MoveFileA(source.c_str(), (dir / "original").c_str()));
+  run_batch(dir / "data", batch);
+  EXPECT_FALSE(path_exists(dir / "data\\" + name));
+  int rebuilt = 0;
+  for (const std::string& n : names_in(dir / "data")) rebuilt += read_file(dir / "data\\" + n) == content;
+  EXPECT_EQ(1, rebuilt);
+  language_flag = saved;
+}
 
 class SplitFile : public ::testing::Test {
 protected:
