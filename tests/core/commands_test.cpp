@@ -17,25 +17,35 @@ using wh::test::ScratchDir;
 
 namespace {
 
-TEST(CommandToPath, TheExamplesOfTheUninstallerAndTheServices) {
-  // A launcher ahead of the real path: the last drive colon wins.
-  EXPECT_EQ("C:\\Apps\\Foo\\log.txt",
-            command_to_path("C:\\WINDOWS\\remove.exe -f \"C:\\Apps\\Foo\\log.txt\""));
-  EXPECT_EQ("C:\\windows\\system32\\svchost.exe",
-            command_to_path("C:\\windows\\system32\\svchost.exe -k netsvcs"));
-  EXPECT_EQ("C:\\windows\\system32\\msiexec.exe", command_to_path("C:\\windows\\system32\\msiexec.exe /V"));
-  // Only the closing quote goes; an opening quote is cut off with what is
-  // ahead of the drive letter, and a quote inside stays.
-  EXPECT_EQ("C:\\Program Files\\App\\app.exe\"",
-            command_to_path("\"C:\\Program Files\\App\\app.exe\" -k"));
-  // The quote is looked at before the blanks are trimmed.
-  EXPECT_EQ("C:\\a b\\c.exe\"", command_to_path("  \"C:\\a b\\c.exe\"  "));
-  EXPECT_EQ("C:\\a b\\c.exe", command_to_path("  \"C:\\a b\\c.exe\""));
-  // No ":\" at all, or nothing ahead of it for a drive letter.
-  EXPECT_EQ("", command_to_path("system32\\drivers\\x.sys"));
-  EXPECT_EQ("", command_to_path(":\\x.exe"));
-  EXPECT_EQ("", command_to_path("\""));
-  EXPECT_EQ("", command_to_path(""));
+TEST(CommandToPath, QuotesMarksAndDriveColons) {
+  const struct {
+    const char *line, *path;
+  } cases[] = {
+      // A launcher ahead of the real path: the last drive colon wins.
+      {"C:\\WINDOWS\\remove.exe -f \"C:\\Apps\\Foo\\log.txt\"", "C:\\Apps\\Foo\\log.txt"},
+      {"C:\\windows\\system32\\svchost.exe -k netsvcs", "C:\\windows\\system32\\svchost.exe"},
+      // Only the closing quote goes; an opening quote is cut off with what is
+      // ahead of the drive letter, and a quote inside stays. The quote is
+      // looked at before the blanks are trimmed.
+      {"\"C:\\Program Files\\App\\app.exe\" -k", "C:\\Program Files\\App\\app.exe\""},
+      {"  \"C:\\a b\\c.exe\"  ", "C:\\a b\\c.exe\""},
+      {"  \"C:\\a b\\c.exe\"", "C:\\a b\\c.exe"},
+      // "/" at 10 and " -" at 12: 10 OR 12 is 14.
+      {"C:\\a.exe /b -c", "C:\\a.exe /b -"},
+      // A colon that is no drive colon falls back to the first ":\".
+      {"C:\\prog.exe http://host", "C:\\prog.exe http:"},
+      // "/" at 5 and " -" at 7 are characters: 5 OR 7 is 7. Counted in bytes
+      // (6 and 8, 14) the cut would take the whole line.
+      {"C:\\\xC4\x83/b -x", "C:\\\xC4\x83/b"},
+      // A path in any script behind other text keeps its letters whole.
+      {"\xE5\xAD\xA6 C:\\\xC8\x99" "coal\xC4\x83\\app.exe /s", "C:\\\xC8\x99" "coal\xC4\x83\\app.exe"},
+      // No ":\" at all, or nothing ahead of it for a drive letter.
+      {"system32\\drivers\\x.sys", ""},
+      {":\\x.exe", ""},
+      {"\"", ""},
+      {"", ""},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.path, command_to_path(c.line)) << c.line;
 }
 
 TEST(CommandToPath, AnUninstallerFolderGivesTheProgramFolderWithAMadeUpFile) {
@@ -50,22 +60,6 @@ TEST(CommandToPath, AnUninstallerFolderGivesTheProgramFolderWithAMadeUpFile) {
             command_to_path("C:\\Apps\\Setup\\1033\\Unins000.exe"));
 }
 
-TEST(CommandToPath, TheTwoArgumentMarksAreOrNotTheFirstOfThem) {
-  // "/" at 10 and " -" at 12: 10 OR 12 is 14.
-  EXPECT_EQ("C:\\a.exe /b -", command_to_path("C:\\a.exe /b -c"));
-  // A colon that is no drive colon falls back to the first ":\".
-  EXPECT_EQ("C:\\prog.exe http:", command_to_path("C:\\prog.exe http://host"));
-}
-
-TEST(CommandToPath, PositionsAndCutsCountCharacters) {
-  // "/" at 5 and " -" at 7 are characters: 5 OR 7 is 7. Counted in bytes
-  // (6 and 8, 14) the cut would take the whole line.
-  EXPECT_EQ("C:\\\xC4\x83/b", command_to_path("C:\\\xC4\x83/b -x"));
-  // A path in any script behind other text keeps its letters whole.
-  EXPECT_EQ("C:\\\xC8\x99" "coal\xC4\x83\\app.exe",
-            command_to_path("\xE5\xAD\xA6 C:\\\xC8\x99" "coal\xC4\x83\\app.exe /s"));
-}
-
 TEST(CommandToPath, HostileTextEndsWithoutACrash) {
   EXPECT_EQ("", command_to_path(std::string(10000, '"')));
   EXPECT_EQ("", command_to_path(std::string(10000, ':')));
@@ -77,12 +71,8 @@ TEST(CommandToPath, HostileTextEndsWithoutACrash) {
   EXPECT_NO_THROW(command_to_path("\\UNINS\\SHARED~1\\SETUP\\1033 C:\\"));
 }
 
-TEST(VersionInfo, TheTranslationBytesGiveTheStringTable) {
-  EXPECT_EQ("040904B0", translation_digits(0x09, 0x04, 0xb0, 0x04));
-  EXPECT_EQ("00000000", translation_digits(0, 0, 0, 0));
-}
-
 TEST(VersionInfo, EightStringsOrNothing) {
+  EXPECT_EQ("040904B0", translation_digits(0x09, 0x04, 0xb0, 0x04));
   VersionStrings s;
   s.fill("stale");
   ASSERT_EQ(1, file_version_info("C:\\wh\\idle_ms.exe", s));

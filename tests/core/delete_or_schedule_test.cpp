@@ -58,46 +58,32 @@ TEST(DeleteOrSchedule, OnNtTheShortPathJoinsThePendingList) {
   test::restore_pending(before);
 }
 
-TEST_F(NineX, TwoEntriesGiveOneHeadAndTwoLines) {
-  std::string a = dir.file("a.txt"), b = dir.file("b.txt");
+TEST_F(NineX, EntriesGoUnderOneHeadAndPathsWithoutAShortFormAsTheyAre) {
+  std::string a = dir.file("a.txt"), gone = dir / "never made\\a long name.txt";
   delete_or_schedule(a);
-  delete_or_schedule(b);
-  EXPECT_EQ("[Rename]\r\nNUL=" + a + "\r\nNUL=" + b + "\r\n", read_file(ini()));
-}
-
-TEST_F(NineX, TheNewLineGoesAtTheEndWhateverSectionStandsLast) {
-  write_file(ini(), "[Rename]\r\nNUL=C:\\OLD.TXT\r\n[Other]\r\nx=1");
-  std::string a = dir.file("a.txt");
-  delete_or_schedule(a);
-  // No final line end: one comes first.
-  EXPECT_EQ("[Rename]\r\nNUL=C:\\OLD.TXT\r\n[Other]\r\nx=1\r\nNUL=" + a + "\r\n", read_file(ini()));
-}
-
-TEST_F(NineX, TheTextIsCutAtItsFirstZeroByte) {
-  write_file(ini(), std::string("[Rename]\r\n\0garbage", 19));
-  std::string a = dir.file("a.txt");
-  delete_or_schedule(a);
-  EXPECT_EQ("[Rename]\r\nNUL=" + a + "\r\n", read_file(ini()));
-}
-
-TEST_F(NineX, AFileThatFillsTheBufferLosesItsOldContents) {
-  for (size_t size : {size_t{32768}, size_t{40000}}) {
-    write_file(ini(), "[Rename]\r\n" + std::string(size - 10, 'x'));
-    std::string a = dir.file("a.txt");
-    delete_or_schedule(a);
-    EXPECT_EQ("\r\nNUL=" + a + "\r\n", read_file(ini())) << size;
-  }
-  // One byte less leaves room for the zero that ends the text.
-  const std::string old = "[Rename]\r\n" + std::string(32767 - 12, 'x') + "\r\n";
-  write_file(ini(), old);
-  std::string a = dir.file("a.txt");
-  delete_or_schedule(a);
-  EXPECT_EQ(old + "NUL=" + a + "\r\n", read_file(ini()));
-}
-
-TEST_F(NineX, APathWithNoShortFormIsWrittenUnchanged) {
-  std::string gone = dir / "never made\\a long name.txt";
   delete_or_schedule(gone);
   EXPECT_EQ(dir / "never made\\a long name.txt", gone);
-  EXPECT_EQ("[Rename]\r\nNUL=" + gone + "\r\n", read_file(ini()));
+  EXPECT_EQ("[Rename]\r\nNUL=" + a + "\r\nNUL=" + gone + "\r\n", read_file(ini()));
+}
+
+TEST_F(NineX, TheNewLineGoesAtTheEndOfTheTextUpToItsFirstZeroByte) {
+  const std::string fits = "[Rename]\r\n" + std::string(32767 - 12, 'x') + "\r\n";
+  const struct {
+    std::string before, kept;
+  } cases[] = {
+      // No final line end: one comes first, whatever section stands last.
+      {"[Rename]\r\nNUL=C:\\OLD.TXT\r\n[Other]\r\nx=1", "[Rename]\r\nNUL=C:\\OLD.TXT\r\n[Other]\r\nx=1\r\n"},
+      {std::string("[Rename]\r\n\0garbage", 19), "[Rename]\r\n"},
+      // A file that fills the buffer loses its old contents; one byte less
+      // leaves room for the zero that ends the text.
+      {"[Rename]\r\n" + std::string(32768 - 10, 'x'), "\r\n"},
+      {"[Rename]\r\n" + std::string(40000 - 10, 'x'), "\r\n"},
+      {fits, fits},
+  };
+  for (const auto& c : cases) {
+    write_file(ini(), c.before);
+    std::string a = dir.file("a.txt");
+    delete_or_schedule(a);
+    EXPECT_EQ(c.kept + "NUL=" + a + "\r\n", read_file(ini())) << c.before.size();
+  }
 }

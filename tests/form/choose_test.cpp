@@ -49,7 +49,7 @@ protected:
   }
 };
 
-TEST_F(ChooseTest, ComesUpUnderTheMouseOnTopWithThePointerOnTheFirstAnswer) {
+TEST_F(ChooseTest, ComesUpUnderTheMouseOnTopPushedBackFromTheCornerButNotTheLeft) {
   SetCursorPos(500, 400);
   Choose& c = choose();
   // x * 15 - 1095 and y * 15 - 270 twips.
@@ -62,17 +62,16 @@ TEST_F(ChooseTest, ComesUpUnderTheMouseOnTopWithThePointerOnTheFirstAnswer) {
   EXPECT_EQ(c.Top() + 24, p.y);
   // The pointer rests on the frame: a click answers at once.
   EXPECT_EQ(c.Image4.hwnd(), WindowFromPoint(p));
-}
+  choose_unload();
 
-TEST_F(ChooseTest, NearTheCornerItIsPushedBackButNeverPulledBackFromTheLeft) {
+  // Near the corner it is pushed back; the pointer goes where it would have.
   const int sw = GetSystemMetrics(SM_CXSCREEN), sh = GetSystemMetrics(SM_CYSCREEN);
   SetCursorPos(sw - 10, sh - 8);
-  Choose& c = choose();
-  EXPECT_EQ(sw - c.Width(), c.Left());
-  EXPECT_EQ(sh - c.Height(), c.Top());
-  const POINT p = cursor();
-  EXPECT_EQ(sw - 10 - 73 + 17, p.x);
-  EXPECT_EQ(std::min(sh - 1, sh - 8 - 18 + 24), p.y);
+  Choose& corner = choose();
+  EXPECT_EQ(sw - corner.Width(), corner.Left());
+  EXPECT_EQ(sh - corner.Height(), corner.Top());
+  EXPECT_EQ(sw - 10 - 73 + 17, cursor().x);
+  EXPECT_EQ(std::min(sh - 1, sh - 8 - 18 + 24), cursor().y);
   choose_unload();
 
   // Near the left edge nothing pulls it back.
@@ -99,33 +98,21 @@ TEST_F(ChooseTest, TheAnswerIsWhereTheFrameStands) {
     EXPECT_FALSE(choose_loaded());
     EXPECT_FALSE(IsWindow(w));
   }
-}
-
-TEST_F(ChooseTest, WithoutAMoveTheFrameAnswersHarrowEvenWithSplitHidden) {
-  Choose& c = choose();
-  c.Image2.Visible(false);
-  click(c.Image4);
+  // Without a move the frame answers Harrow, even with Split hidden.
+  choose_result = -1;
+  choose().Image2.Visible(false);
+  click(choose().Image4);
   EXPECT_EQ(0, choose_result);
 }
 
-TEST_F(ChooseTest, CaptionsFollowTheLanguage) {
-  Choose& english = choose();
-  EXPECT_EQ("Please wait while             shredding...", english.Label1.Caption());
-  EXPECT_EQ("  Please wait while     closing all programs", english.Label2.Caption());
-  EXPECT_FALSE(english.Picture1.Visible());
-  choose_unload();
-  language_flag = 0;  // anything but 1 is Romanian
-  Choose& romanian = choose();
-  EXPECT_EQ("Va rog asteptati        RAD...", romanian.Label1.Caption());
-  EXPECT_EQ("  Va rog asteptati...       inchid  aplicatiile", romanian.Label2.Caption());
-}
-
-// Answers the window of a start with paths once it is up: shred.
-void CALLBACK answer_shred(HWND, UINT, UINT_PTR id, DWORD) {
+// Answers the window of a start with paths once it is up, over the picture
+// `answer_with` (2 splits, 3 shreds).
+int answer_with = 3;
+void CALLBACK answer(HWND, UINT, UINT_PTR id, DWORD) {
   if (!choose_loaded()) return;
   KillTimer(nullptr, id);
   Choose& c = choose();
-  point_at(c.Image3);
+  point_at(answer_with == 2 ? c.Image2 : c.Image3);
   click(c.Image4);
 }
 
@@ -134,7 +121,8 @@ TEST_F(ChooseTest, AStartWithAFileAsksAndTheThirdAnswerShredsIt) {
   const std::string file = dir.file("secret.txt", std::string(10000, 's'));
   EndHook end;
   ScriptedDialogs boxes;
-  SetTimer(nullptr, 0, 20, answer_shred);
+  answer_with = 3;
+  SetTimer(nullptr, 0, 20, answer);
   EXPECT_THROW(mainu().start("\"" + file + "\""), ProgramEnded);
   EXPECT_EQ(2, choose_result);
   EXPECT_FALSE(path_exists(file));
@@ -145,21 +133,13 @@ TEST_F(ChooseTest, AStartWithAFileAsksAndTheThirdAnswerShredsIt) {
   mainu_clear();
 }
 
-// Answers the same way: split.
-void CALLBACK answer_split(HWND, UINT, UINT_PTR id, DWORD) {
-  if (!choose_loaded()) return;
-  KillTimer(nullptr, id);
-  Choose& c = choose();
-  point_at(c.Image2);
-  click(c.Image4);
-}
-
 TEST_F(ChooseTest, TheSplitAnswerOpensTheSplitterOnTheFile) {
   ScratchDir dir("choose_split");
   dir.file("a first.txt", "a");
   const std::string file = dir.file("Holiday pictures.zip", std::string(3000, 'h'));
   ScriptedDialogs boxes;
-  SetTimer(nullptr, 0, 20, answer_split);
+  answer_with = 2;
+  SetTimer(nullptr, 0, 20, answer);
   mainu().start("\"" + file + "\"");
   EXPECT_EQ(1, choose_result);
   Mainu& m = mainu();
@@ -168,7 +148,6 @@ TEST_F(ChooseTest, TheSplitAnswerOpensTheSplitterOnTheFile) {
   EXPECT_EQ(file, page.calefisier.Caption());
   EXPECT_EQ(dir.path(), page.dir1.Path());
   EXPECT_EQ("Holiday pictures.zip", page.File1.FileName());
-  EXPECT_TRUE(page.Option1.Value());
   EXPECT_TRUE(page.split_mode());
   EXPECT_EQ("2 KB", trim(page.Label4.Caption()));
   EXPECT_EQ(0u, boxes.count());

@@ -1,7 +1,8 @@
 // The real program on the screen. A shot of the whole screen shows the shaped
 // window over a backdrop of one colour, its buttons as their pictures are, a
 // button lit under the mouse with its help on the panel, and a drag of the
-// bare surface that the next start remembers. The shots are kept as
+// bare surface with the real mouse that stores the place (which the next
+// start reads: the window test's). The shots are kept as
 // C:\wh\artefacts\window.bmp and window_lit.bmp for people to look at.
 #include <windows.h>
 
@@ -11,28 +12,20 @@
 #include <string>
 #include <vector>
 
+#include "program.h"
 #include "support/form_test.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
 #include "ui/ui.h"
 
 using namespace wh;
+using wh::test::Program;
+using wh::test::pump_for;
 
 namespace {
 
-const char* const exe = "C:\\wh\\Wellharrower.exe";
 const char* const artefacts = "C:\\wh\\artefacts";
 constexpr COLORREF backdrop = RGB(255, 0, 255);
-
-// Lets this thread's windows (the backdrop) paint while the program works.
-void pump_for(DWORD ms) {
-  const DWORD start = GetTickCount();
-  do {
-    MSG msg;
-    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&msg);
-    Sleep(20);
-  } while (GetTickCount() - start < ms);
-}
 
 // A window of one colour under the program's, so that what the program does
 // not paint is known.
@@ -57,42 +50,22 @@ private:
   HWND w_;
 };
 
-class Program {
-public:
-  Program() {
-    std::string line = std::string("\"") + exe + "\"";
-    STARTUPINFOA si{};
-    si.cb = sizeof si;
-    started_ = CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, "C:\\",
-                              &si, &pi_);
-  }
-  ~Program() {
-    if (!started_) return;
-    TerminateProcess(pi_.hProcess, 9);
-    WaitForSingleObject(pi_.hProcess, 10000);
-    CloseHandle(pi_.hProcess);
-    CloseHandle(pi_.hThread);
-  }
-  // Its main window once it shows (waits up to `ms`).
-  HWND shown_window(DWORD ms) const {
-    for (DWORD waited = 0; started_ && waited < ms; waited += 50) {
-      for (HWND w = FindWindowExA(nullptr, nullptr, "Wellharrower", nullptr); w;
-           w = FindWindowExA(nullptr, w, "Wellharrower", nullptr)) {
-        DWORD pid = 0;
-        GetWindowThreadProcessId(w, &pid);
-        if (pid == pi_.dwProcessId && IsWindowVisible(w)) return w;
-      }
-      pump_for(50);
-    }
-    return nullptr;
-  }
+// A bitmap's pixels as 0x00RRGGBB, top row first.
+std::vector<uint32_t> pixels(HBITMAP bitmap, int width, int height) {
+  BITMAPINFO bi{};
+  bi.bmiHeader.biSize = sizeof bi.bmiHeader;
+  bi.bmiHeader.biWidth = width;
+  bi.bmiHeader.biHeight = -height;
+  bi.bmiHeader.biPlanes = 1;
+  bi.bmiHeader.biBitCount = 32;
+  std::vector<uint32_t> out(static_cast<size_t>(width) * height);
+  HDC dc = GetDC(nullptr);
+  GetDIBits(dc, bitmap, 0, height, out.data(), &bi, DIB_RGB_COLORS);
+  ReleaseDC(nullptr, dc);
+  for (uint32_t& v : out) v &= 0xFFFFFF;
+  return out;
+}
 
-private:
-  PROCESS_INFORMATION pi_{};
-  bool started_ = false;
-};
-
-// The screen as 0x00RRGGBB pixels, top row first.
 struct Shot {
   int width = 0, height = 0;
   std::vector<uint32_t> px;
@@ -100,29 +73,17 @@ struct Shot {
 };
 
 Shot screen_shot() {
-  Shot s;
-  s.width = GetSystemMetrics(SM_CXSCREEN);
-  s.height = GetSystemMetrics(SM_CYSCREEN);
-  BITMAPINFO bi{};
-  bi.bmiHeader.biSize = sizeof bi.bmiHeader;
-  bi.bmiHeader.biWidth = s.width;
-  bi.bmiHeader.biHeight = -s.height;
-  bi.bmiHeader.biPlanes = 1;
-  bi.bmiHeader.biBitCount = 32;
-  void* bits = nullptr;
+  Shot s{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), {}};
   HDC screen = GetDC(nullptr);
-  HBITMAP dib = CreateDIBSection(screen, &bi, DIB_RGB_COLORS, &bits, nullptr, 0);
+  HBITMAP copy = CreateCompatibleBitmap(screen, s.width, s.height);
   HDC mem = CreateCompatibleDC(screen);
-  HGDIOBJ old = SelectObject(mem, dib);
+  HGDIOBJ old = SelectObject(mem, copy);
   BitBlt(mem, 0, 0, s.width, s.height, screen, 0, 0, SRCCOPY | CAPTUREBLT);
-  GdiFlush();
-  const auto* p = static_cast<const uint32_t*>(bits);
-  s.px.assign(p, p + static_cast<size_t>(s.width) * s.height);
-  for (uint32_t& v : s.px) v &= 0xFFFFFF;
   SelectObject(mem, old);
   DeleteDC(mem);
-  DeleteObject(dib);
   ReleaseDC(nullptr, screen);
+  s.px = pixels(copy, s.width, s.height);
+  DeleteObject(copy);
   return s;
 }
 
@@ -161,27 +122,10 @@ void save_bmp(const Shot& s, const RECT& r, const std::string& path) {
   CloseHandle(f);
 }
 
-// A picture resource as 0x00RRGGBB pixels, top row first.
-std::vector<uint32_t> resource_pixels(const char* resource) {
-  Picture pic = LoadPicture(resource);
-  const SIZE size = picture_size(pic);
-  BITMAPINFO bi{};
-  bi.bmiHeader.biSize = sizeof bi.bmiHeader;
-  bi.bmiHeader.biWidth = size.cx;
-  bi.bmiHeader.biHeight = -size.cy;
-  bi.bmiHeader.biPlanes = 1;
-  bi.bmiHeader.biBitCount = 32;
-  std::vector<uint32_t> out(static_cast<size_t>(size.cx) * size.cy);
-  HDC dc = GetDC(nullptr);
-  GetDIBits(dc, pic->get(), 0, size.cy, out.data(), &bi, DIB_RGB_COLORS);
-  ReleaseDC(nullptr, dc);
-  for (uint32_t& v : out) v &= 0xFFFFFF;
-  return out;
-}
-
 // How many pixels of a button on the screen differ from a picture resource.
 int differences(const Shot& s, const RECT& window, const skin::Rect& at, const char* resource) {
-  const std::vector<uint32_t> pic = resource_pixels(resource);
+  Picture picture = LoadPicture(resource);
+  const std::vector<uint32_t> pic = pixels(picture->get(), at.width, at.height);
   int n = 0;
   for (int y = 0; y < at.height; ++y)
     for (int x = 0; x < at.width; ++x) {
@@ -219,65 +163,55 @@ protected:
   }
 };
 
-TEST_F(Screen, TheShapedWindowItsLitButtonAndADragThatLasts) {
+TEST_F(Screen, TheShapedWindowItsLitButtonAndADragThatIsStored) {
   Backdrop behind;
   mouse(MOUSEEVENTF_MOVE, 3, 3);
-  RECT r{};
-  {
-    Program program;
-    HWND w = program.shown_window(20000);
-    ASSERT_NE(nullptr, w);
-    pump_for(800);
-    r = rect_of(w);
-    ASSERT_EQ(skin::window_width, r.right - r.left);
-    ASSERT_EQ(skin::window_height, r.bottom - r.top);
-
-    const Shot plain = screen_shot();
-    save_bmp(plain, r, std::string(artefacts) + "\\window.bmp");
-    // Outside the outline the backdrop shows; inside, the skin.
-    const uint32_t magenta = rgb(backdrop);
-    EXPECT_EQ(magenta, plain.at(r.left, r.top));
-    EXPECT_EQ(magenta, plain.at(r.right - 1, r.top));
-    EXPECT_EQ(magenta, plain.at(r.left, r.bottom - 1));
-    EXPECT_EQ(magenta, plain.at(r.right - 1, r.bottom - 1));
-    EXPECT_EQ(magenta, plain.at((r.left + r.right) / 2, r.top + 3));
-    EXPECT_NE(magenta, plain.at(r.left + 40, r.top + 40));
-    EXPECT_NE(magenta, plain.at((r.left + r.right) / 2, (r.top + r.bottom) / 2));
-    EXPECT_EQ(0, differences(plain, r, skin::del, "DELETE_JOS"));
-
-    // Under the mouse the Harrow button lights and its help shows.
-    mouse(MOUSEEVENTF_MOVE, r.left + skin::del.left + 60, r.top + skin::del.top + 17);
-    pump_for(500);
-    const Shot lit = screen_shot();
-    save_bmp(lit, r, std::string(artefacts) + "\\window_lit.bmp");
-    EXPECT_EQ(0, differences(lit, r, skin::del, "DELETE_SUS"));
-    EXPECT_GT(differences(lit, r, skin::del, "DELETE_JOS"), skin::del.width * skin::del.height / 4);
-    int ink = 0;
-    for (int y = 0; y < skin::lcd.height; ++y)
-      for (int x = 0; x < skin::lcd.width; ++x)
-        ink += lit.at(r.left + skin::lcd.left + x, r.top + skin::lcd.top + y) != 0;
-    EXPECT_GT(ink, 50) << "the help is written on the panel";
-
-    // A drag of the bare surface between the two tabs.
-    const int x0 = r.left + 500, y0 = r.top + 45;
-    mouse(MOUSEEVENTF_MOVE, x0, y0);
-    mouse(MOUSEEVENTF_LEFTDOWN);
-    for (int step = 1; step <= 4; ++step) mouse(MOUSEEVENTF_MOVE, x0 + step * 15, y0 + step * 10);
-    mouse(MOUSEEVENTF_LEFTUP);
-    pump_for(300);
-    const RECT moved = rect_of(w);
-    EXPECT_EQ(r.left + 60, moved.left);
-    EXPECT_EQ(r.top + 40, moved.top);
-    EXPECT_EQ(std::to_string(moved.left * 15), setting("left"));
-    EXPECT_EQ(std::to_string(moved.top * 15), setting("top"));
-    r = moved;
-  }
-  Program again;
-  HWND w = again.shown_window(20000);
+  Program program;
+  HWND w = program.main_window(20000, true);
   ASSERT_NE(nullptr, w);
-  const RECT back = rect_of(w);
-  EXPECT_EQ(r.left, back.left);
-  EXPECT_EQ(r.top, back.top);
+  pump_for(800);
+  const RECT r = rect_of(w);
+  ASSERT_EQ(skin::window_width, r.right - r.left);
+  ASSERT_EQ(skin::window_height, r.bottom - r.top);
+
+  const Shot plain = screen_shot();
+  save_bmp(plain, r, std::string(artefacts) + "\\window.bmp");
+  // Outside the outline the backdrop shows; inside, the skin.
+  const uint32_t magenta = rgb(backdrop);
+  EXPECT_EQ(magenta, plain.at(r.left, r.top));
+  EXPECT_EQ(magenta, plain.at(r.right - 1, r.top));
+  EXPECT_EQ(magenta, plain.at(r.left, r.bottom - 1));
+  EXPECT_EQ(magenta, plain.at(r.right - 1, r.bottom - 1));
+  EXPECT_EQ(magenta, plain.at((r.left + r.right) / 2, r.top + 3));
+  EXPECT_NE(magenta, plain.at(r.left + 40, r.top + 40));
+  EXPECT_NE(magenta, plain.at((r.left + r.right) / 2, (r.top + r.bottom) / 2));
+  EXPECT_EQ(0, differences(plain, r, skin::del, "DELETE_JOS"));
+
+  // Under the mouse the Harrow button lights and its help shows.
+  mouse(MOUSEEVENTF_MOVE, r.left + skin::del.left + 60, r.top + skin::del.top + 17);
+  pump_for(500);
+  const Shot lit = screen_shot();
+  save_bmp(lit, r, std::string(artefacts) + "\\window_lit.bmp");
+  EXPECT_EQ(0, differences(lit, r, skin::del, "DELETE_SUS"));
+  EXPECT_GT(differences(lit, r, skin::del, "DELETE_JOS"), skin::del.width * skin::del.height / 4);
+  int ink = 0;
+  for (int y = 0; y < skin::lcd.height; ++y)
+    for (int x = 0; x < skin::lcd.width; ++x)
+      ink += lit.at(r.left + skin::lcd.left + x, r.top + skin::lcd.top + y) != 0;
+  EXPECT_GT(ink, 50) << "the help is written on the panel";
+
+  // A drag of the bare surface between the two tabs.
+  const int x0 = r.left + 500, y0 = r.top + 45;
+  mouse(MOUSEEVENTF_MOVE, x0, y0);
+  mouse(MOUSEEVENTF_LEFTDOWN);
+  for (int step = 1; step <= 4; ++step) mouse(MOUSEEVENTF_MOVE, x0 + step * 15, y0 + step * 10);
+  mouse(MOUSEEVENTF_LEFTUP);
+  pump_for(300);
+  const RECT moved = rect_of(w);
+  EXPECT_EQ(r.left + 60, moved.left);
+  EXPECT_EQ(r.top + 40, moved.top);
+  EXPECT_EQ(std::to_string(moved.left * 15), setting("left"));
+  EXPECT_EQ(std::to_string(moved.top * 15), setting("top"));
 }
 
 }  // namespace

@@ -178,17 +178,30 @@ TEST_F(Sections, OptionsUndoOnlyWhatTheSectionLeftPutUpAndListByLanguage) {
   EXPECT_TRUE(m.del.Visible() && m.ref.Visible());
 }
 
-TEST_F(Sections, DelRunsExactlyTheBlockOfTheSectionItFound) {
+TEST_F(Sections, DelAndRefRunExactlyTheBlockOfTheSectionTheyFound) {
   Probe& m = *form;
-  const char* const blocks[] = {"",           "del_uninstall",     "del_tasks",
-                                "del_split",  "del_disk_explorer", "del_floppy",
-                                "del_shred",  "",                  "del_junk",
-                                "del_startup_items", "del_duplicates"};
+  struct Block {
+    const char *del, *ref;
+  };
+  const Block blocks[] = {{"", ""},
+                          {"del_uninstall", "ref_uninstall"},
+                          {"del_tasks", "ref_tasks"},
+                          {"del_split", "ref_split"},
+                          {"del_disk_explorer", "ref_disk_explorer"},
+                          {"del_floppy", "ref_floppy"},
+                          {"del_shred", "ref_shred"},
+                          {"", ""},
+                          {"del_junk", "ref_junk"},
+                          {"del_startup_items", "ref_startup"},
+                          {"del_duplicates", ""}};
   for (int section = 0; section <= 10; ++section) {
-    m.calls.clear();
-    ActiveSection = static_cast<uint8_t>(section);
-    m.del_Click();
-    EXPECT_EQ(*blocks[section] ? Names{blocks[section]} : Names{}, m.calls) << section;
+    for (bool del : {true, false}) {
+      m.calls.clear();
+      ActiveSection = static_cast<uint8_t>(section);
+      del ? m.del_Click() : m.ref_Click();
+      const char* block = del ? blocks[section].del : blocks[section].ref;
+      EXPECT_EQ(*block ? Names{block} : Names{}, m.calls) << section << (del ? " del" : " ref");
+    }
   }
 }
 
@@ -222,18 +235,4 @@ TEST_F(Sections, HarrowAllEndsTheProgramOnlyFromTasks) {
   EXPECT_EQ((Names{"delall_tasks", "delall_tasks"}), m.calls) << "the end came after the kills";
   m.Image11_Click();
   m.delall_Click();  // the same setting ends nothing elsewhere
-}
-
-TEST_F(Sections, RefReadsAgainOnlyWhatItsSectionShows) {
-  Probe& m = *form;
-  const char* const blocks[] = {"",           "ref_uninstall",     "ref_tasks",
-                                "ref_split",  "ref_disk_explorer", "ref_floppy",
-                                "ref_shred",  "",                  "ref_junk",
-                                "ref_startup", ""};
-  for (int section = 0; section <= 10; ++section) {
-    m.calls.clear();
-    ActiveSection = static_cast<uint8_t>(section);
-    m.ref_Click();
-    EXPECT_EQ(*blocks[section] ? Names{blocks[section]} : Names{}, m.calls) << section;
-  }
 }

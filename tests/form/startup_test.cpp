@@ -9,86 +9,19 @@
 #include "core/routines.h"
 #include "core/settings.h"
 #include "platform/registry.h"
+#include "program.h"
 #include "support/scratch.h"
 
 using namespace wh;
 using wh::test::path_exists;
+using wh::test::Program;
 using wh::test::ScratchDir;
 
-namespace {
-
-const char* exe = "C:\\wh\\Wellharrower.exe";
-
-class Program {
-public:
-  // The exe with a command tail, or a whole command line of its own.
-  explicit Program(const std::string& tail, bool whole_line = false) {
-    std::string line = whole_line ? tail
-                                  : std::string("\"") + exe + "\"" + (tail.empty() ? "" : " " + tail);
-    STARTUPINFOA si{};
-    si.cb = sizeof si;
-    started_ = CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                              "C:\\", &si, &pi_);
-  }
-  ~Program() {
-    if (!started_) return;
-    if (WaitForSingleObject(pi_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(pi_.hProcess, 9);
-    WaitForSingleObject(pi_.hProcess, 10000);
-    CloseHandle(pi_.hProcess);
-    CloseHandle(pi_.hThread);
-  }
-  bool started() const { return started_; }
-  // Until its start is over and it waits for input (a fixed sleep raced
-  // with the slower starts under Wine).
-  void wait_idle() const { WaitForInputIdle(pi_.hProcess, 20000); }
-  // True when it ended within the time.
-  bool ends_within(DWORD ms) const { return WaitForSingleObject(pi_.hProcess, ms) == WAIT_OBJECT_0; }
-  // Its main window, once it has one (waits up to `ms`).
-  HWND main_window(DWORD ms) const {
-    for (DWORD waited = 0; waited < ms; waited += 50) {
-      HWND found = nullptr;
-      for (HWND w = FindWindowExA(nullptr, nullptr, "Wellharrower", nullptr); w;
-           w = FindWindowExA(nullptr, w, "Wellharrower", nullptr)) {
-        DWORD pid = 0;
-        GetWindowThreadProcessId(w, &pid);
-        if (pid == pi_.dwProcessId) found = w;
-      }
-      if (found) return found;
-      if (ends_within(50)) return nullptr;
-    }
-    return nullptr;
-  }
-
-private:
-  PROCESS_INFORMATION pi_{};
-  bool started_ = false;
-};
-
-}  // namespace
-
-TEST(StartWithPaths, QuotedAndUnquotedFoldersAreShreddedAndRemoved) {
-  ScratchDir dir("e2e_folders");
+TEST(StartWithPaths, FoldersAndFilesInAnyScriptQuotedOrNotAreShreddedAndRemoved) {
+  ScratchDir dir("e2e_paths");
   dir.file("some folder\\a.txt", "secret a");
   dir.file("some folder\\inner\\b.doc", std::string(20000, 'b'));
   dir.file("some folder\\inner\\empty\\c", "");
-  dir.file("somefolder\\d.txt", "secret d");
-  {
-    Program quoted("\"" + dir.path() + "\\some folder\"");
-    ASSERT_TRUE(quoted.started());
-    EXPECT_TRUE(quoted.ends_within(60000));
-  }
-  {
-    Program unquoted(dir.path() + "\\somefolder");
-    EXPECT_TRUE(unquoted.ends_within(60000));
-  }
-  EXPECT_FALSE(path_exists(dir / "some folder"));
-  EXPECT_FALSE(path_exists(dir / "somefolder"));
-  // Nothing left beside them either: no renamed leftovers.
-  EXPECT_TRUE(wh::test::names_in(dir.path()).empty());
-}
-
-TEST(StartWithPaths, NamesInAnyScriptArriveWholeAndAreShredded) {
-  ScratchDir dir("e2e_letters");
   // "școală", as the folder verb hands it over (unquoted), and "学校 😀"
   // with a file "țară.txt" beside it, dropped on the icon (quoted).
   const std::string school = dir / "\xC8\x99" "coal\xC4\x83";
@@ -97,18 +30,13 @@ TEST(StartWithPaths, NamesInAnyScriptArriveWholeAndAreShredded) {
   test::write_file(school + "\\\xC3\xAEn\\\xC3\xA2.doc", std::string(9000, 'd'));
   test::write_file(cjk + "\\a.txt", "a");
   const std::string file = dir.file("\xC8\x9B" "ar\xC4\x83.txt", "loose");
-  {
-    Program verb(school);
-    ASSERT_TRUE(verb.started());
-    EXPECT_TRUE(verb.ends_within(60000));
+  for (const std::string& tail : {"\"" + dir / "some folder" + "\"", school,
+                                  "\"" + cjk + "\" \"" + file + "\""}) {
+    Program program(tail);
+    ASSERT_TRUE(program.started());
+    EXPECT_TRUE(program.ends_within(60000)) << tail;
   }
-  {
-    Program dropped("\"" + cjk + "\" \"" + file + "\"");
-    EXPECT_TRUE(dropped.ends_within(60000));
-  }
-  EXPECT_FALSE(path_exists(school));
-  EXPECT_FALSE(path_exists(cjk));
-  EXPECT_FALSE(path_exists(file));
+  // Nothing left, not even renamed leftovers.
   EXPECT_TRUE(wh::test::names_in(dir.path()).empty());
 }
 
@@ -119,13 +47,13 @@ TEST(StartWithPaths, TheFolderVerbOfTheProgramShredsAFolderWithBlanks) {
   save_setting("runed", "2");
   save_setting("context", "true");
   {
-    Program program("");  // ticks "context" at its start, then goes
+    Program program;  // ticks "context" at its start, then goes
     ASSERT_NE(nullptr, program.main_window(20000));
     program.wait_idle();
   }
   const char* const verb = "Folder\\shell\\Wellshred\\command";
   std::string command = reg_get_value(HKEY_CLASSES_ROOT, verb, "");
-  EXPECT_EQ(std::string(exe) + " %1", command);
+  EXPECT_EQ(std::string(test::program_exe) + " %1", command);
   const size_t placeholder = command.find("%1");
   ASSERT_NE(std::string::npos, placeholder);
   // Explorer puts the path in as it is: no quotes.
@@ -144,10 +72,10 @@ TEST(StartWithPaths, TheFolderVerbOfTheProgramShredsAFolderWithBlanks) {
 TEST(OrdinaryStart, SecondInstanceEndsAtOnceWithoutAWindow) {
   ScratchDir dir("e2e_instances");
   std::string restart_folder = dir.folder("restart here");
-  Program first("");
+  Program first;
   ASSERT_NE(nullptr, first.main_window(20000)) << "the first instance shows its window";
 
-  Program second("");
+  Program second;
   EXPECT_TRUE(second.ends_within(30000));
   EXPECT_EQ(nullptr, second.main_window(0));
 
@@ -160,18 +88,11 @@ TEST(OrdinaryStart, SecondInstanceEndsAtOnceWithoutAWindow) {
 
 TEST(OrdinaryStart, StartAndXSendTheWindowToTheTray) {
   save_setting("runed", "2");  // a first run would wait for its window instead
-  {
-    Program shown("start");
-    HWND w = shown.main_window(20000);
+  for (const char* tail : {"start", "X start"}) {
+    Program program(tail);
+    HWND w = program.main_window(20000);
     ASSERT_NE(nullptr, w);
-    shown.wait_idle();
-    EXPECT_TRUE(IsWindowVisible(w));
-  }
-  {
-    Program hidden("X start");
-    HWND w = hidden.main_window(20000);
-    ASSERT_NE(nullptr, w);
-    hidden.wait_idle();
-    EXPECT_FALSE(IsWindowVisible(w));
+    program.wait_idle();
+    EXPECT_EQ(tail[0] != 'X', IsWindowVisible(w) != FALSE) << tail;
   }
 }

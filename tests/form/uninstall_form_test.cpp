@@ -61,6 +61,9 @@ TEST_F(UninstallForm, TheSearchSelectsAcrossTheListAndEnterUninstallsEveryHit) {
   entry("WhTestHitOne", {{"DisplayName", "WhTest Finder One"}, {"UninstallString", probe + "one 0"}});
   entry("WhTestHitTwo", {{"DisplayName", "WhTest Finder Two"}, {"UninstallString", probe + "two 0"}});
   entry("WhTestMiss", {{"DisplayName", "WhTest Other"}, {"UninstallString", probe + "miss 0"}});
+  // "WhTest ȘCOALĂ 学校"; typed as "școală", "ș" and "șc" (four bytes).
+  const std::string school = "WhTest \xC8\x98" "COAL\xC4\x82 \xE5\xAD\xA6\xE6\xA0\xA1";
+  entry("WhTestSchool", {{"DisplayName", school}});
   save_setting("SEARChtip", "1");
   Mainu& m = start_form();
   if (ActiveSection == 1) m.ref_Click(); else m.uninstall_Click();
@@ -71,9 +74,16 @@ TEST_F(UninstallForm, TheSearchSelectsAcrossTheListAndEnterUninstallsEveryHit) {
   m.uninstall_page.List1_KeyDown(f, 2);
   ASSERT_TRUE(m.search.Visible());
   EXPECT_EQ(1, m.search_target);
+  // Three characters of any script in either case.
+  const int row = row_of(list, school);
+  ASSERT_NE(-1, row);
+  m.Text6.Text("\xC8\x99" "coal\xC4\x83");
+  EXPECT_TRUE(list.Selected(row));
+  m.Text6.Text(" \xE5\xAD\xA6\xE6\xA0\xA1");
+  EXPECT_TRUE(list.Selected(row)) << "three characters: two of them CJK";
   list.Selected(row_of(list, "WhTest Other"), true);  // by hand
-  m.Text6.Text("fi");
-  EXPECT_EQ(0, list.SelCount()) << "fewer than 3 letters clear every selection";
+  m.Text6.Text("\xC8\x99" "c");
+  EXPECT_EQ(0, list.SelCount()) << "two letters clear every selection, whatever their bytes";
   m.Text6.Text("FINDER");
   EXPECT_EQ(2, list.SelCount());
   EXPECT_TRUE(list.Selected(row_of(list, "WhTest Finder One")));

