@@ -145,7 +145,6 @@ TEST_F(Uninstall, ScanKeepsOneNamedRecordPerProgramAndTidiesTheKey) {
   ASSERT_NE(nullptr, nothing);
   EXPECT_EQ("", nothing->uninstall);
   EXPECT_EQ(0, cmdline_path_count);
-  EXPECT_TRUE(page_.QM.Visible());
 }
 
 TEST_F(Uninstall, ARecordPastTheTableIsLeftOutButCounted) {
@@ -166,8 +165,18 @@ TEST_F(Uninstall, ARecordPastTheTableIsLeftOutButCounted) {
   EXPECT_EQ(-1, row_of(page_.List1, "WhTest Zzz Last"));
 }
 
-TEST_F(Uninstall, ScanWorksOutEachProgramsFolder) {
+TEST_F(Uninstall, ScanWorksOutEachProgramsFolderAndThePieMeasuresIt) {
+  // Program Files of the prefix; what is made there goes again.
+  page_.scan_installed_programs();
+  const std::string word = program_files_dir + "\\WhTestWord";
+  const std::string pub = program_files_dir + "\\WhTestPub";
+  CreateDirectoryA(word.c_str(), nullptr);
+  CreateDirectoryA(pub.c_str(), nullptr);
+  CreateDirectoryA((pub + "\\Only").c_str(), nullptr);
+  entry("WhTestByWord", {{"DisplayName", "WhTestWord Suite 2"}});
+  entry("WhTestByPub", {{"DisplayName", "WhTestPubTool"}, {"Publisher", "WhTestPub"}});
   const std::string foo = dir_.folder("Apps\\Foo");
+  dir_.file("Apps\\Foo\\a.bin", std::string(3000, 'x'));
   const std::string bar = dir_.folder("Apps\\Bar");
   entry("WhTestLauncher", {{"DisplayName", "WhTest Launcher"},
                            {"UninstallString", "C:\\WINDOWS\\remove.exe -f \"" + foo + "\\log.txt\""}});
@@ -199,22 +208,17 @@ TEST_F(Uninstall, ScanWorksOutEachProgramsFolder) {
   // The opening quote went with the variable; the closing one stays.
   EXPECT_EQ(program_files_dir + "\\WhTestPf\\unins000.exe\"", record_named("WhTest Pf")->uninstall);
   EXPECT_EQ(foo, folder_of("WhTest InWindows")) << "a Windows folder gives way to the icon's";
-}
-
-TEST_F(Uninstall, ScanFallsBackOnTheNameAndThePublisher) {
-  // Program Files of the prefix; what is made there goes again.
-  page_.scan_installed_programs();
-  const std::string word = program_files_dir + "\\WhTestWord";
-  const std::string pub = program_files_dir + "\\WhTestPub";
-  CreateDirectoryA(word.c_str(), nullptr);
-  CreateDirectoryA(pub.c_str(), nullptr);
-  CreateDirectoryA((pub + "\\Only").c_str(), nullptr);
-  entry("WhTestByWord", {{"DisplayName", "WhTestWord Suite 2"}});
-  entry("WhTestByPub", {{"DisplayName", "WhTestPubTool"}, {"Publisher", "WhTestPub"}});
-  page_.scan_installed_programs();
-  EXPECT_EQ(word, record_named("WhTestWord Suite 2")->folder);
-  EXPECT_EQ(pub + "\\Only", record_named("WhTestPubTool")->folder)
+  EXPECT_EQ(word, folder_of("WhTestWord Suite 2"));
+  EXPECT_EQ(pub + "\\Only", folder_of("WhTestPubTool"))
       << "a subfolder of the publisher, never the publisher's folder";
+
+  page_.PIE_Click();
+  double size = 3000;
+  EXPECT_NE(-1, row_of(page_.List1, "WhTest Location (" + form_.spatiuu(size) + ")"));
+  EXPECT_NE(-1, row_of(page_.List1, "WhTestNoDrive(?)")) << "no blank ahead of the mark";
+  EXPECT_EQ(static_cast<int16_t>(65535), sizes_shown);
+  EXPECT_FALSE(page_.QM.Visible());
+  EXPECT_TRUE(page_.lupe.Visible());
   test::remove_tree(word);
   test::remove_tree(pub);
 }
@@ -324,38 +328,6 @@ TEST_F(Uninstall, BothViewsMakeOneListAndEachEntryKeepsItsView) {
   EXPECT_EQ(std::string::npos, started.find("twin32"));
 }
 
-TEST_F(Uninstall, PieMeasuresTheFolders) {
-  const std::string app = dir_.folder("Sized");
-  dir_.file("Sized\\a.bin", std::string(3000, 'x'));
-  entry("WhTestSized", {{"DisplayName", "WhTest Sized"}, {"InstallLocation", app}});
-  entry("WhTestUnsized", {{"DisplayName", "WhTest Unsized"}});
-  page_.scan_installed_programs();
-  page_.PIE_Click();
-  double size = 3000;
-  EXPECT_NE(-1, row_of(page_.List1, "WhTest Sized (" + form_.spatiuu(size) + ")"));
-  EXPECT_NE(-1, row_of(page_.List1, "WhTest Unsized(?)")) << "no blank ahead of the mark";
-  EXPECT_EQ(static_cast<int16_t>(65535), sizes_shown);
-  EXPECT_FALSE(page_.QM.Visible());
-  EXPECT_TRUE(page_.lupe.Visible());
-}
-
-TEST_F(Uninstall, TheFootShowsForTwoRowsAndSwitchesTheMode) {
-  entry("WhTestA", {{"DisplayName", "WhTest A"}});
-  entry("WhTestB", {{"DisplayName", "WhTest B"}});
-  page_.scan_installed_programs();
-  page_.List1.Selected(row_of(page_.List1, "WhTest A"), true);
-  EXPECT_FALSE(page_.talpa.Visible());
-  EXPECT_TRUE(page_.QM.Visible()) << "sizes not known yet";
-  page_.List1.Selected(row_of(page_.List1, "WhTest B"), true);
-  EXPECT_TRUE(page_.talpa.Visible());
-  EXPECT_FALSE(page_.PIE.Visible());
-  EXPECT_FALSE(page_.QM.Visible());
-  page_.talpa_Click();
-  EXPECT_EQ(static_cast<int16_t>(65535), sequential_uninstall);
-  page_.talpa_Click();
-  EXPECT_EQ(0, sequential_uninstall);
-}
-
 TEST_F(Uninstall, OneRowStartsWithoutWaitingOrAsking) {
   const std::string log = dir_ / "one.log";
   const std::string app = dir_.folder("One");
@@ -364,6 +336,8 @@ TEST_F(Uninstall, OneRowStartsWithoutWaitingOrAsking) {
   sequential_uninstall = static_cast<int16_t>(65535);
   page_.scan_installed_programs();
   page_.List1.Selected(row_of(page_.List1, "WhTest One"), true);
+  EXPECT_FALSE(page_.talpa.Visible()) << "the foot shows for two rows";
+  EXPECT_TRUE(page_.QM.Visible()) << "sizes not known yet";
   ScriptedDialogs boxes;
   page_.del_block();
   EXPECT_EQ(0u, boxes.count());
@@ -385,7 +359,11 @@ TEST_F(Uninstall, SequentialRowsWaitAndAskInBetween) {
   page_.scan_installed_programs();
   page_.List1.Selected(row_of(page_.List1, "WhTest SeqA"), true);
   page_.List1.Selected(row_of(page_.List1, "WhTest SeqB"), true);
+  EXPECT_TRUE(page_.talpa.Visible());
+  EXPECT_FALSE(page_.PIE.Visible());
+  EXPECT_FALSE(page_.QM.Visible());
   page_.talpa_Click();
+  EXPECT_EQ(static_cast<int16_t>(65535), sequential_uninstall);
 
   // Each question sees the log as it stands when it is asked.
   struct LogAtQuestion : DialogService {
