@@ -30,18 +30,6 @@ const std::string school = "\xC8\x99" "coal\xC4\x83";
 const std::string cjk = "\xE5\xAD\xA6\xE6\xA0\xA1";
 const std::string emoji = "\xF0\x9F\x98\x80";
 
-TEST(Utf8CodePage, TheTestsRunInTheProductsCodePageAndNamesReachTheFileSystemWhole) {
-  EXPECT_EQ(static_cast<UINT>(CP_UTF8), GetACP()) << "the manifest of the .rc reached this exe";
-  ScratchDir dir("names_utf8");
-  const std::string name = school + " " + cjk + " " + emoji + ".txt";
-  dir.file(name, "x");
-  WIN32_FIND_DATAW found;
-  HANDLE h = FindFirstFileW(L"C:\\wh\\scratch\\names_utf8\\*.txt", &found);
-  ASSERT_NE(INVALID_HANDLE_VALUE, h);
-  FindClose(h);
-  EXPECT_EQ(std::wstring(L"\x0219" L"coal\x0103 \x5B66\x6821 \xD83D\xDE00.txt"), found.cFileName);
-}
-
 TEST(Utf8Characters, CountCutAndPadWholeCharacters) {
   const std::string text = school + cjk + emoji + "!";
   EXPECT_EQ(10u, utf8::length(text));
@@ -66,6 +54,7 @@ TEST(Utf8Characters, CountCutAndPadWholeCharacters) {
 }
 
 TEST(CodePages, TextForOtherProgramsTakesTheirCodePageOnlyWhenEveryCharacterFits) {
+  EXPECT_EQ(static_cast<UINT>(CP_UTF8), GetACP()) << "the manifest of the .rc reached this exe";
   std::string out = "untouched";
   EXPECT_TRUE(encode_text("P\xC3\xA2ine \xC3\xAEn", 1252, out));
   EXPECT_EQ("P\xE2ine \xEEn", out);
@@ -86,7 +75,7 @@ TEST(CodePages, TextForOtherProgramsTakesTheirCodePageOnlyWhenEveryCharacterFits
   EXPECT_TRUE(IsValidCodePage(system_oem_code_page()));
 }
 
-TEST(ClipboardNames, TextGoesBothWaysWholeWithOtherPrograms) {
+TEST(Clipboard, TextGoesBothWaysWholeWithOtherPrograms) {
   // Another program puts UTF-16 there, as a path copied from a message.
   const std::wstring path = L"C:\\\x0219" L"coal\x0103\\\x5B66";
   ASSERT_TRUE(OpenClipboard(nullptr));
@@ -108,6 +97,14 @@ TEST(ClipboardNames, TextGoesBothWaysWholeWithOtherPrograms) {
   EXPECT_EQ(std::wstring(L"\x0219" L"coal\x0103 \xD83D\xDE00"), w);
   GlobalUnlock(GetClipboardData(CF_UNICODETEXT));
   CloseClipboard();
+
+  {
+    ClipboardLock lock;
+    ASSERT_TRUE(lock.is_open());
+    EXPECT_TRUE(empty_clipboard());
+  }
+  ASSERT_EQ(rt_ok, clipboard_get_text(text));
+  EXPECT_EQ("", text) << "an empty clipboard has no text";
 }
 
 TEST(FileFindNames, ANameLongerThanTheARecordIsListedMeasuredAndDeletedWhole) {
@@ -132,9 +129,6 @@ TEST(FileFindNames, ANameLongerThanTheARecordIsListedMeasuredAndDeletedWhole) {
   double size = 0;
   EXPECT_EQ(rt_ok, Folder(inner).Size(size));
   EXPECT_EQ(1024, size);
-  const std::vector<File> files = Folder(inner).Files();
-  ASSERT_EQ(2u, files.size());
-  EXPECT_TRUE(files[0].Name == long_name || files[1].Name == long_name);
   EXPECT_EQ(rt_ok, file_system().DeleteFolder(inner, true));
   EXPECT_FALSE(path_exists(inner));
 }

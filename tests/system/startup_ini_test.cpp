@@ -38,17 +38,6 @@ TEST(Records, HostileTextReadsWithoutACrash) {
   EXPECT_EQ(Texts(3, ""), records("\"\"\r\n\"\r\n\""));
   EXPECT_EQ(10001u, read_records(std::string(10000, ',')).size());
   EXPECT_EQ((Texts{std::string("a\0b", 3)}), records(std::string("a\0b", 3)));
-  EXPECT_EQ(1u, records(std::string(10000, 'x')).size());
-}
-
-TEST(Records, WrittenBackOneToALine) {
-  EXPECT_EQ("a\r\n\r\nb\r\n", write_records({"a", "", "b"}));
-}
-
-TEST(IniItems, SplitAsTheProgramSplits) {
-  EXPECT_EQ(Texts{}, split_items(""));
-  EXPECT_EQ((Texts{"a", ""}), split_items("a;"));
-  EXPECT_EQ((Texts{"", "b"}), split_items(";b"));
 }
 
 TEST(IniItems, WhatEachFileYieldsAndTheOrderOfTheRows) {

@@ -88,18 +88,21 @@ protected:
   }
 };
 
+// Names in any script: "țară" in the program's, "Școală", "学校" and an
+// emoji in the window's title.
 TEST_F(TaskManagerTest, ListsProcessesWithTheirNumbersAndTitledWindowsButNotOurOwn) {
-  const DWORD pid = start("whtask_list.exe", "WhTest listed");
+  const std::string exe = "whtask_\xC8\x9B" "ar\xC4\x83.exe";
+  const std::string title =
+      "WhTest \xC8\x98" "coal\xC4\x83 \xE5\xAD\xA6\xE6\xA0\xA1 \xF0\x9F\x98\x80";
+  const DWORD pid = start(exe, title);
   page.enter();
   ASSERT_EQ(ActiveSection, 2);
   const int row = row_of_pid(pid);
   ASSERT_GE(row, 0);
-  EXPECT_EQ(page.List2.List(row), "whtask_list.exe");
+  EXPECT_EQ(page.List2.List(row), exe);
   EXPECT_EQ(active_process->th32ProcessID(row + 1), pid) << "the idle row is gone";
   EXPECT_EQ(row_of(page.List2, "[System Process]"), -1);
-  const int w = row_of(page.List3, "WhTest listed");
-  ASSERT_GE(w, 0);
-  EXPECT_EQ(task_list->windows[static_cast<size_t>(w)].title, "WhTest listed");
+  EXPECT_GE(row_of(page.List3, title), 0) << "the title whole in the window list";
   EXPECT_EQ(task_list->NumTasks(), page.List3.ListCount());
   for (const auto& win : task_list->windows) EXPECT_NE(win.hwnd, form.hwnd());
 }
@@ -119,12 +122,10 @@ TEST_F(TaskManagerTest, DeleteEndsTheSelectedProcessesEvenTheShellsName) {
 }
 
 TEST_F(TaskManagerTest, TheSingleDeleteProtectsByContainment) {
-  EXPECT_TRUE(TaskPage::protected_from_delete("kernel32.dll"));
-  EXPECT_TRUE(TaskPage::protected_from_delete("MPREXE"));
-  EXPECT_TRUE(TaskPage::protected_from_delete("32.DLL"));
-  EXPECT_TRUE(TaskPage::protected_from_delete("c:\\win\\mprexe.exe"));
-  EXPECT_FALSE(TaskPage::protected_from_delete("explorer.exe"));
-  EXPECT_FALSE(TaskPage::protected_from_delete("kernel32.exe"));
+  for (const char* name : {"kernel32.dll", "MPREXE", "32.DLL", "c:\\win\\mprexe.exe"})
+    EXPECT_TRUE(TaskPage::protected_from_delete(name)) << name;
+  for (const char* name : {"explorer.exe", "kernel32.exe"})
+    EXPECT_FALSE(TaskPage::protected_from_delete(name)) << name;
 
   const DWORD kept = start("MPREXE.EXE", "WhTest mprexe");
   page.enter();
@@ -134,13 +135,6 @@ TEST_F(TaskManagerTest, TheSingleDeleteProtectsByContainment) {
 }
 
 TEST_F(TaskManagerTest, ShellFolderWindowsGetAltF4AndTheirProcessLivesButNotInRomanian) {
-  EXPECT_TRUE(TaskPage::shell_window_title("C:\\wh\\scratch"));
-  EXPECT_TRUE(TaskPage::shell_window_title("my documents"));
-  EXPECT_TRUE(TaskPage::shell_window_title("My Computer"));
-  EXPECT_TRUE(TaskPage::shell_window_title("Network Neighborhood"));
-  EXPECT_TRUE(TaskPage::shell_window_title("MY PICTURES"));
-  EXPECT_FALSE(TaskPage::shell_window_title("Documentele mele"));
-
   const DWORD path_pid = start("whtask_path.exe", "C:\\wh\\scratch\\tasks");
   const DWORD docs_pid = start("whtask_docs.exe", "mY DoCuMeNtS");
   for (const char* title : {"C:\\wh\\scratch\\tasks", "mY DoCuMeNtS"}) {

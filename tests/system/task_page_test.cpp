@@ -43,27 +43,21 @@ TEST(TaskPage, HarrowAllSparesTheSystemTheProgramAndTheFirstRow) {
   Frame& frame1 = form.add<Frame>("frame1", Place{0, 0, 10, 10});
   ProbeTasks page(form, frame1);
   active_process = std::make_unique<clsActiveProcess>();
-  page.rows = {"notepad.exe",        "KERNEL32.DLL", "mprexe.exe",
-               "Explorer.exe",       "myexplorer.exe.old",
-               ucase(app_exe_name()) + ".exe", "calc.exe"};
+  // Spared by name, in any case: "myexplorer.exe.old" holds "EXPLORER.EXE";
+  // the program's own name only with ".exe".
+  page.rows = {"notepad.exe", "c:\\windows\\system32\\kernel32.dll", "mprexe.exe",
+               "Explorer.exe", "myexplorer.exe.old", ucase(app_exe_name()) + ".exe",
+               "calc.exe", app_exe_name() + ".com", "explorer.com"};
   page.delall_block();
-  // The list is read afresh first; "myexplorer.exe.old" holds "EXPLORER.EXE".
-  EXPECT_EQ(1, page.refreshed);
-  EXPECT_EQ(Names{"calc.exe"}, page.killed);
-  EXPECT_EQ(std::vector<uint32_t>{1007}, page.pids) << "row 6 is snapshot position 7";
+  EXPECT_EQ(1, page.refreshed) << "the list is read afresh first";
+  EXPECT_EQ((Names{"calc.exe", app_exe_name() + ".com", "explorer.com"}), page.killed);
+  EXPECT_EQ((std::vector<uint32_t>{1007, 1008, 1009}), page.pids) << "row 6 is snapshot position 7";
 
   page.rows = {"only.exe"};
   page.killed.clear();
   page.delall_block();
   EXPECT_TRUE(page.killed.empty()) << "with one row there is nothing to harrow";
   active_process.reset();
-}
-
-TEST(TaskPage, TheSparedNamesIgnoreCaseAndNeedTheWholeExeName) {
-  EXPECT_TRUE(spared_by_harrow_all("c:\\windows\\system32\\kernel32.dll", "Wellharrower"));
-  EXPECT_TRUE(spared_by_harrow_all("wellharrower.exe", "Wellharrower"));
-  EXPECT_FALSE(spared_by_harrow_all("wellharrower.com", "Wellharrower"));
-  EXPECT_FALSE(spared_by_harrow_all("explorer.com", "Wellharrower"));
 }
 
 }  // namespace
