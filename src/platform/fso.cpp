@@ -173,40 +173,6 @@ int delete_tree(const std::string& path, DWORD attributes, bool force) {
   return rt_ok;
 }
 
-int copy_tree(const std::string& from, const std::string& to, bool overwrite) {
-  if (!CreateDirectoryA(to.c_str(), nullptr)) {
-    DWORD e = GetLastError();
-    if (e != ERROR_ALREADY_EXISTS) return rt_from_win32(e);
-    DWORD a = GetFileAttributesA(to.c_str());
-    if (!(a & FILE_ATTRIBUTE_DIRECTORY)) return rt_file_exists;
-  }
-  std::vector<FoundEntry> entries;
-  DWORD e = list(join(from, "*"), [&](const FoundEntry& fd) { entries.push_back(fd); });
-  if (e != ERROR_SUCCESS && e != ERROR_FILE_NOT_FOUND && e != ERROR_NO_MORE_FILES)
-    return rt_from_win32(e);
-  for (const auto& fd : entries) {
-    std::string src = join(from, fd.name);
-    std::string dst = join(to, fd.name);
-    int r = rt_ok;
-    if (fd.attributes & FILE_ATTRIBUTE_DIRECTORY) {
-      r = copy_tree(src, dst, overwrite);
-    } else if (!::CopyFileA(src.c_str(), dst.c_str(), !overwrite)) {
-      r = rt_from_win32(GetLastError());
-    }
-    if (r) return r;
-  }
-  return rt_ok;
-}
-
-bool same_or_inside(const std::string& inner, const std::string& outer) {
-  if (inner.size() < outer.size()) return false;
-  if (CompareStringA(LOCALE_SYSTEM_DEFAULT, NORM_IGNORECASE, inner.c_str(),
-                     static_cast<int>(outer.size()), outer.c_str(),
-                     static_cast<int>(outer.size())) != CSTR_EQUAL)
-    return false;
-  return inner.size() == outer.size() || is_sep(inner[outer.size()]);
-}
-
 // What a copy or a move works on: the entries that the source names, the
 // folder they stand in, and where each one goes. A destination ending in
 // "\" (or any wildcard source) means "into that folder", which must exist.
@@ -243,8 +209,6 @@ int plan_transfer(std::string source, const std::string& destination, bool folde
 Folder::Folder(std::string path) : path_(std::move(path)) {}
 
 std::string Folder::Name() const { return split(path_).name; }
-
-bool Folder::IsRootFolder() const { return split(path_).name.empty(); }
 
 int Folder::Files(std::vector<File>& out) const {
   out.clear();
@@ -475,16 +439,6 @@ bool FileSystemObject::FolderExists(const std::string& path) const {
   return a != INVALID_FILE_ATTRIBUTES && (a & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-bool FileSystemObject::DriveExists(const std::string& drive) const {
-  if (char letter = drive_letter_of(drive)) return letter_present(letter);
-  if (drive.size() > 2 && is_sep(drive[0]) && is_sep(drive[1])) {
-    QuietErrors quiet;
-    std::string root = GetDriveName(drive) + '\\';
-    return GetFileAttributesA(root.c_str()) != INVALID_FILE_ATTRIBUTES;
-  }
-  return false;
-}
-
 // --- FileSystemObject: changes
 
 int FileSystemObject::DeleteFile(const std::string& pattern, bool force) const {
@@ -539,36 +493,6 @@ int FileSystemObject::CopyFile(const std::string& source, const std::string& des
   return rt_ok;
 }
 
-int FileSystemObject::CopyFolder(const std::string& source, const std::string& destination,
-                                 bool overwrite) const {
-  Transfer t;
-  if (int r = plan_transfer(source, destination, true, t)) return r;
-  for (size_t i = 0; i < t.found.size(); ++i) {
-    // Copying a folder into itself would never end.
-    if (same_or_inside(GetAbsolutePathName(t.targets[i]), GetAbsolutePathName(t.from(i))))
-      return rt_permission_denied;
-    if (int r = copy_tree(t.from(i), t.targets[i], overwrite)) return r;
-  }
-  return rt_ok;
-}
-
-int FileSystemObject::MoveFile(const std::string& source, const std::string& destination) const {
-  Transfer t;
-  if (int r = plan_transfer(source, destination, false, t)) return r;
-  for (size_t i = 0; i < t.found.size(); ++i)
-    if (!::MoveFileA(t.from(i).c_str(), t.targets[i].c_str())) return rt_from_win32(GetLastError());
-  return rt_ok;
-}
-
-int FileSystemObject::MoveFolder(const std::string& source,
-                                 const std::string& destination) const {
-  Transfer t;
-  if (int r = plan_transfer(source, destination, true, t)) return r;
-  for (size_t i = 0; i < t.found.size(); ++i)
-    if (!::MoveFileA(t.from(i).c_str(), t.targets[i].c_str())) return rt_from_win32(GetLastError());
-  return rt_ok;
-}
-
 int FileSystemObject::CreateFolder(const std::string& path) const {
   if (path.empty()) return rt_path_not_found;
   if (CreateDirectoryA(path.c_str(), nullptr)) return rt_ok;
@@ -585,12 +509,6 @@ std::string FileSystemObject::GetBaseName(const std::string& path) const {
   std::string name = split(path).name;
   size_t dot = name.rfind('.');
   return dot == std::string::npos ? name : name.substr(0, dot);
-}
-
-std::string FileSystemObject::GetExtensionName(const std::string& path) const {
-  std::string name = split(path).name;
-  size_t dot = name.rfind('.');
-  return dot == std::string::npos ? std::string() : name.substr(dot + 1);
 }
 
 std::string FileSystemObject::GetParentFolderName(const std::string& path) const {
@@ -611,17 +529,6 @@ std::string FileSystemObject::GetDriveName(const std::string& path) const {
   return "";
 }
 
-std::string FileSystemObject::BuildPath(const std::string& path, const std::string& name) const {
-  if (path.empty()) return name;
-  bool path_sep = is_sep(path.back());
-  bool drive_only = path.size() == 2 && path[1] == ':';
-  size_t skip = 0;
-  while (skip < name.size() && is_sep(name[skip])) ++skip;
-  if (path_sep) return path + name.substr(skip);
-  if (drive_only) return path + name;
-  if (skip > 0) return path + '\\' + name.substr(skip);
-  return path + '\\' + name;
-}
 
 std::string FileSystemObject::GetAbsolutePathName(const std::string& path) const {
   char buf[utf8::bytes_for(MAX_PATH * 2)];

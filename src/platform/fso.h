@@ -35,7 +35,6 @@ public:
   const std::string& Path() const { return path_; }
   // Last component; empty for a root.
   std::string Name() const;
-  bool IsRootFolder() const;
 
   // Files and subfolders in the order the file system lists them, hidden
   // and system ones included. Empty when the folder cannot be read.
@@ -60,7 +59,6 @@ public:
   Drive() = default;
   explicit Drive(char letter);
 
-  char DriveLetter() const { return letter_; }
   std::string Path() const;      // "C:"
   std::string RootPath() const;  // "C:\"
   // The scripting object's numbering: 0 unknown, 1 removable, 2 fixed,
@@ -96,7 +94,6 @@ public:
   // --- tests
   bool FileExists(const std::string& path) const;
   bool FolderExists(const std::string& path) const;
-  bool DriveExists(const std::string& drive) const;
 
   // --- changes; wildcards (* ?) allowed in the last component of a source.
   // Matching is FindFirstFile's, short names included: "*.htm" also takes
@@ -110,21 +107,14 @@ public:
   // exists and overwrite is false.
   int CopyFile(const std::string& source, const std::string& destination,
                bool overwrite = true) const;
-  int CopyFolder(const std::string& source, const std::string& destination,
-                 bool overwrite = true) const;
-  // 58 when the destination exists.
-  int MoveFile(const std::string& source, const std::string& destination) const;
-  int MoveFolder(const std::string& source, const std::string& destination) const;
   // 58 when it exists, 76 when its parent is missing.
   int CreateFolder(const std::string& path) const;
 
   // --- path text, no disk access
   std::string GetFileName(const std::string& path) const;
   std::string GetBaseName(const std::string& path) const;
-  std::string GetExtensionName(const std::string& path) const;
   std::string GetParentFolderName(const std::string& path) const;
   std::string GetDriveName(const std::string& path) const;
-  std::string BuildPath(const std::string& path, const std::string& name) const;
   // Full path from the current directory (GetFullPathNameA).
   std::string GetAbsolutePathName(const std::string& path) const;
 };
