@@ -14,6 +14,13 @@ std::string key_text(const CHive& h, std::int32_t node) {
   return std::get<std::string>(h.Node(node).key);
 }
 
+// The keys in position order.
+std::vector<std::string> keys_of(CHive& h) {
+  std::vector<std::string> keys;
+  for (std::int32_t i = 1; i <= h.Count(); ++i) keys.push_back(std::get<std::string>(h.Key(i)));
+  return keys;
+}
+
 std::string lowered(std::string s) {
   std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return std::tolower(c); });
   return s;
@@ -87,9 +94,7 @@ TEST(Hive, RandomAddsAndRemovesKeepTheTreeAndTheOrder) {
     ASSERT_EQ(static_cast<std::int32_t>(ref.size()), h.Count()) << "step " << step;
     if (step % 25 == 0 || step > 950) {
       check_tree(h);
-      for (std::size_t i = 0; i < ref.size(); ++i)
-        ASSERT_EQ(ref[i], std::get<std::string>(h.Key(static_cast<std::int32_t>(i + 1))))
-            << "position " << i + 1 << " at step " << step;
+      ASSERT_EQ(ref, keys_of(h)) << "at step " << step;
     }
   }
   EXPECT_EQ(nullptr, h.Errors());
@@ -128,16 +133,12 @@ TEST(Hive, PositionsFollowInsertionRemovalAndNeighbours) {
 
   h.Add("val_x", "x", "c");                  // before c
   h.Add("val_y", "y", {}, std::int32_t{1});  // after position 1
-  std::vector<std::string> keys;
-  for (std::int32_t i = 1; i <= h.Count(); ++i) keys.push_back(std::get<std::string>(h.Key(i)));
-  EXPECT_EQ((std::vector<std::string>{"b", "y", "x", "c", "d"}), keys);
+  EXPECT_EQ((std::vector<std::string>{"b", "y", "x", "c", "d"}), keys_of(h));
 
   // Removing a node with two children moves its successor's entry; every
   // position must still name the same key.
   h.Remove("b");
-  keys.clear();
-  for (std::int32_t i = 1; i <= h.Count(); ++i) keys.push_back(std::get<std::string>(h.Key(i)));
-  EXPECT_EQ((std::vector<std::string>{"y", "x", "c", "d"}), keys);
+  EXPECT_EQ((std::vector<std::string>{"y", "x", "c", "d"}), keys_of(h));
   EXPECT_EQ(HiveVariant{"val_c"}, h.Value("c"));
   check_tree(h);
 }

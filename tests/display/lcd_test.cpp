@@ -4,6 +4,7 @@
 
 #include <set>
 #include <string>
+#include <utility>
 
 #include "display/dither.h"
 #include "display/lcd_glyphs.h"
@@ -40,6 +41,13 @@ bool cell_shows(const LcdPixels& surface, int col, int row, unsigned char code) 
       return ::testing::AssertionFailure()
              << "row " << row << " column " << c + 1 << " does not show '" << text[c] << "'";
   return ::testing::AssertionSuccess();
+}
+
+// The window's width and height.
+std::pair<long, long> extent(HWND w) {
+  RECT rc;
+  GetWindowRect(w, &rc);
+  return {rc.right - rc.left, rc.bottom - rc.top};
 }
 
 std::string padded(std::string s, std::size_t n = 20) {
@@ -116,10 +124,7 @@ TEST(LcdDisplay, DefaultsSaveAndRestore) {
   kaLCDDisplay* lcd = kaLCDDisplay::Create(parent, 0, 0);
   ASSERT_NE(nullptr, lcd);
   // Defaults of 16 x 2 cells; none of them is written out.
-  RECT rc;
-  GetWindowRect(lcd->hwnd(), &rc);
-  EXPECT_EQ(16 * 6 + 1, rc.right - rc.left);
-  EXPECT_EQ(2 * 9, rc.bottom - rc.top);
+  EXPECT_EQ((std::pair<long, long>{16 * 6 + 1, 2 * 9}), extent(lcd->hwnd()));
   LcdPropertyBag empty;
   lcd->UserControl_WriteProperties(empty);
   EXPECT_TRUE(empty.Empty());
@@ -147,8 +152,7 @@ TEST(LcdDisplay, DefaultsSaveAndRestore) {
   EXPECT_EQ(40, copy->WriteSpeed());
   ASSERT_NE(nullptr, copy->Picture());
   EXPECT_EQ(read_lcd_pixels(lcd->Picture()).bits, read_lcd_pixels(copy->Picture()).bits);
-  GetWindowRect(copy->hwnd(), &rc);
-  EXPECT_EQ(12 * 6 + 1, rc.right - rc.left);  // AutoSize counts in mode 1 only
+  EXPECT_EQ(12 * 6 + 1, extent(copy->hwnd()).first);  // AutoSize counts in mode 1 only
   DeleteObject(pic);
   DestroyWindow(parent);
 }
@@ -163,9 +167,8 @@ TEST_F(LcdTest, WritesLinesAndScrollsWhenFull) {
   EXPECT_EQ(5, lcd_->current_row());
   lcd_->WriteText("six");
   EXPECT_EQ(5, lcd_->current_row());
-  EXPECT_TRUE(line_is(*lcd_, 1, "two"));
-  EXPECT_TRUE(line_is(*lcd_, 4, "five"));
-  EXPECT_TRUE(line_is(*lcd_, 5, "six"));
+  const char* const shown[] = {"two", "three", "four", "five", "six"};
+  for (int r = 1; r <= 5; ++r) EXPECT_TRUE(line_is(*lcd_, r, shown[r - 1]));
 
   lcd_->Clear();
   for (int r = 1; r <= 5; ++r) EXPECT_TRUE(line_is(*lcd_, r, ""));
@@ -253,9 +256,7 @@ TEST_F(LcdTest, SizeIsReadOnlyAtRunTime) {
   lcd_->TotalCols(0);  // ignored at design time
   EXPECT_EQ(20, lcd_->TotalCols());
   lcd_->TotalCols(30);
-  RECT rc;
-  GetWindowRect(lcd_->hwnd(), &rc);
-  EXPECT_EQ(181, rc.right - rc.left);
+  EXPECT_EQ(181, extent(lcd_->hwnd()).first);
   EXPECT_EQ(30u, lcd_->Line(1).size());
 }
 
@@ -397,19 +398,14 @@ TEST_F(LcdTest, PictureModeShowsTheDitheredPicture) {
   lcd_->AutoSize(true);
   lcd_->Mode(1);
   EXPECT_EQ(100, lcd_->DitherProgress());
-  RECT rc;
-  GetWindowRect(lcd_->hwnd(), &rc);
-  EXPECT_EQ(8, rc.right - rc.left);
-  EXPECT_EQ(4, rc.bottom - rc.top);
+  EXPECT_EQ((std::pair<long, long>{8, 4}), extent(lcd_->hwnd()));
   LcdPixels shown = lcd_->Snapshot();
   for (std::size_t i = 0; i < px.size(); ++i)
     EXPECT_EQ(i % 3 ? 0x00A0C0FFu : 0u, shown.bits[i]) << "pixel " << i;
   DeleteObject(pic);
 
   lcd_->Mode(0);
-  GetWindowRect(lcd_->hwnd(), &rc);
-  EXPECT_EQ(121, rc.right - rc.left);
-  EXPECT_EQ(45, rc.bottom - rc.top);
+  EXPECT_EQ((std::pair<long, long>{121, 45}), extent(lcd_->hwnd()));
 }
 
 }  // namespace

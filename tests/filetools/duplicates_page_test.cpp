@@ -37,18 +37,23 @@ protected:
   void TearDown() override { wipe(); }
   static void wipe() { reg_delete_tree(HKEY_CURRENT_USER, "Software\\Wellharrower"); }
 
-  // Only `folder` chosen in List4.
+  // Only `item` chosen in the list.
+  static void only(ListBox& l, const std::string& item) {
+    for (int i = 0; i < l.ListCount(); ++i) l.Selected(i, l.List(i) == item);
+  }
   void search(const std::string& folder) {
     page.List4.AddItem(folder);
-    for (int i = 0; i < page.List4.ListCount(); ++i)
-      page.List4.Selected(i, page.List4.List(i) == folder);
+    only(page.List4, folder);
+  }
+  void enter_mask(const std::string& mask) {
+    page.Text7.Text(mask);
+    int enter = VK_RETURN;
+    page.Text7_KeyDown(enter, 0);
   }
   void other(const std::string& masks) {
     page.Image36_Click(4);
-    for (int i = 0; i < page.List5.ListCount(); ++i) page.List5.Selected(i, false);
-    page.Text7.Text(masks);
-    int enter = VK_RETURN;
-    page.Text7_KeyDown(enter, 0);
+    only(page.List5, "");
+    enter_mask(masks);
     page.Frame18.Visible(false);
   }
   std::vector<std::string> lines() { return test::rows(page.duplicates); }
@@ -63,15 +68,16 @@ protected:
 TEST_F(DupSection, EnteringListsTheStoredFoldersAndTheFixedDrivesOnce) {
   EXPECT_EQ(10, ActiveSection);
   EXPECT_FALSE(form.del.Visible()) << "no results yet";
-  bool c = false;
-  for (int i = 0; i < page.List4.ListCount(); ++i) c = c || page.List4.List(i) == "c:\\";
-  EXPECT_TRUE(c);
+  auto roots = [&] {
+    int n = 0;
+    for (int i = 0; i < page.List4.ListCount(); ++i) n += page.List4.List(i) == "c:\\";
+    return n;
+  };
+  EXPECT_EQ(1, roots());
   save_setting("Paths", "C:\\wh\\scratch|c:\\|");
   ActiveSection = 0;
   page.enter();
-  int roots = 0;
-  for (int i = 0; i < page.List4.ListCount(); ++i) roots += page.List4.List(i) == "c:\\";
-  EXPECT_EQ(1, roots);
+  EXPECT_EQ(1, roots());
   EXPECT_EQ("C:\\wh\\scratch", page.List4.List(0));
   EXPECT_EQ(0u, setting("Paths").find("C:\\wh\\scratch|c:\\|"));
 }
@@ -186,17 +192,11 @@ TEST_F(DupSection, EveryNameOrSomeMasksWalkTheSameSubfolders) {
   page.Option4.Value(true);
   ScriptedDialogs boxes;
   other("*.dat");
-  page.Text7.Text("*.*");  // one of the stored masks, or a new one
-  int enter = VK_RETURN;
-  page.Text7_KeyDown(enter, 0);
-  auto only = [&](const std::string& mask) {
-    for (int i = 0; i < page.List5.ListCount(); ++i)
-      page.List5.Selected(i, page.List5.List(i) == mask);
-  };
-  only("*.*");
+  enter_mask("*.*");  // one of the stored masks, or a new one
+  only(page.List5, "*.*");
   page.Image37_Click();
   auto every = lines();
-  only("*.dat");
+  only(page.List5, "*.dat");
   page.Image37_Click();
   auto some = lines();
   EXPECT_EQ(0u, boxes.count()) << (boxes.count() ? boxes.last().text : "");
@@ -236,15 +236,11 @@ TEST_F(DupSection, OtherTakesItsOwnMasksAndAnyMaskClearsOther) {
 
   page.List5.Selected(0, true);
   page.List5.Selected(3, true);
-  page.Text7.Text("iso");
-  int key = VK_RETURN;
-  page.Text7_KeyDown(key, 0);
+  enter_mask("iso");
   EXPECT_EQ("*.iso", page.List5.List(16));
   EXPECT_TRUE(page.List5.Selected(16));
   EXPECT_EQ(3, page.List5.SelCount());
-  page.Text7.Text("*.*");
-  key = VK_RETURN;
-  page.Text7_KeyDown(key, 0);
+  enter_mask("*.*");
   EXPECT_EQ(1, page.List5.SelCount());
   EXPECT_EQ("*.*", page.List5.List(page.List5.ListIndex()));
   EXPECT_EQ("", page.Text7.Text());
@@ -257,7 +253,7 @@ TEST_F(DupSection, OtherTakesItsOwnMasksAndAnyMaskClearsOther) {
 }
 
 TEST_F(DupSection, MissingChoicesAreToldApart) {
-  for (int i = 0; i < page.List4.ListCount(); ++i) page.List4.Selected(i, false);
+  only(page.List4, "");
   ScriptedDialogs boxes;
   page.Image37_Click();
   page.List4.Selected(0, true);

@@ -162,15 +162,18 @@ class SplitFile : public ::testing::Test {
 protected:
   void SetUp() override { saved_ = language_flag, language_flag = 1; }
   void TearDown() override { language_flag = saved_; }
+  // Splits into `folder`, the count landing in count_.
+  int16_t split(const std::string& source, std::string folder, int32_t fragment_bytes) {
+    return split_file(source, folder, fragment_bytes, count_);
+  }
   uint8_t saved_ = 1;
+  int16_t count_ = 0;
 };
 
 TEST_F(SplitFile, FragmentsAreNamedFromTheShortNameWithThreeDigits) {
   ScratchDir dir("split_names");
   const std::string source = dir.file("Long file name.text", bytes(2500));
-  std::string destination = dir.path();
-  int16_t count = 0;
-  ASSERT_EQ(split_done, split_file(source, destination, 1000, count));
+  ASSERT_EQ(split_done, split(source, dir.path(), 1000));
   const std::string s = path_part(short_path(source), 6);
   const std::string base = s.substr(0, s.rfind('.'));
   EXPECT_EQ(split_short_name, s);
@@ -182,14 +185,12 @@ TEST_F(SplitFile, MissingThingsAndAZeroSizeAreRefusedBeforeAnyWrite) {
   ScratchDir dir("split_refused");
   const std::string source = dir.file("src\\a.bin", "abc");
   dir.folder("empty");
-  std::string destination = dir / "src";
-  int16_t count = 77;
-  EXPECT_EQ(split_not_found, split_file("", destination, 10, count));
-  EXPECT_EQ(split_not_found, split_file(dir / "src\\none.bin", destination, 10, count));
-  std::string empty = dir / "empty";
-  EXPECT_EQ(split_not_found, split_file(source, empty, 10, count)) << "an empty folder is missing";
-  EXPECT_EQ(split_zero_size, split_file(source, destination, 0, count));
-  EXPECT_EQ(77, count);
+  count_ = 77;
+  EXPECT_EQ(split_not_found, split("", dir / "src", 10));
+  EXPECT_EQ(split_not_found, split(dir / "src\\none.bin", dir / "src", 10));
+  EXPECT_EQ(split_not_found, split(source, dir / "empty", 10)) << "an empty folder is missing";
+  EXPECT_EQ(split_zero_size, split(source, dir / "src", 0));
+  EXPECT_EQ(77, count_);
   EXPECT_EQ(1u, names_in(dir / "src").size());
 }
 
@@ -197,9 +198,7 @@ TEST_F(SplitFile, AThousandFragmentsAreRefusedOnASparseThousandMegabytes) {
   ScratchDir dir("split_thousand");
   const std::string source = dir / "big.img";
   ASSERT_TRUE(test::sparse_file(source, 1000LL * 1048576));
-  std::string destination = dir.path();
-  int16_t count = 0;
-  EXPECT_EQ(split_too_many, split_file(source, destination, 1048576, count));
+  EXPECT_EQ(split_too_many, split(source, dir.path(), 1048576));
   EXPECT_EQ(1u, names_in(dir.path()).size()) << "nothing written";
 }
 
@@ -207,9 +206,7 @@ TEST_F(SplitFile, BeyondTwoGibibytesTheCopiedTotalOverflowsIntoAFailure) {
   ScratchDir dir("split_2gib");
   const std::string source = dir / "huge.img";
   ASSERT_TRUE(test::sparse_file(source, (1LL << 31) + 10));
-  std::string destination = dir.path();
-  int16_t count = 0;
-  EXPECT_EQ(split_failed, split_file(source, destination, 1000000000, count));
+  EXPECT_EQ(split_failed, split(source, dir.path(), 1000000000));
   // What was written stays; the batch file never came.
   EXPECT_TRUE(path_exists(dir / "huge.001"));
   EXPECT_TRUE(path_exists(dir / "huge.003"));
@@ -220,10 +217,8 @@ TEST_F(SplitFile, NineHundredNinetyNineAndAHalfFragmentsWriteTheLastOverThe999th
   ScratchDir dir("split_999");
   const std::string content = bytes(1999);
   const std::string source = dir.file("x.bin", content);
-  std::string destination = dir.path();
-  int16_t count = 0;
-  ASSERT_EQ(split_done, split_file(source, destination, 2, count));
-  EXPECT_EQ(1000, count);
+  ASSERT_EQ(split_done, split(source, dir.path(), 2));
+  EXPECT_EQ(1000, count_);
   EXPECT_EQ(999, std::count(fragment_list.begin(), fragment_list.end(), '+'));
   const std::string base = split_short_name.substr(0, split_short_name.rfind('.'));
   // The thousandth (one byte) went over the start of the 999th.
@@ -239,9 +234,7 @@ TEST_F(SplitFile, OldLongerFilesKeepTheirTails) {
   const std::string batch = batch_path(dir.path() + "\\", "t.bin", 1);
   const std::string old_batch = std::string(2000, '#');
   dir.file(batch.substr(dir.path().size() + 1), old_batch);
-  std::string destination = dir.path();
-  int16_t count = 0;
-  ASSERT_EQ(split_done, split_file(source, destination, 100, count));
+  ASSERT_EQ(split_done, split(source, dir.path(), 100));
   EXPECT_EQ(std::string(10, 'n') + std::string(5, 'o'), read_file(dir / "t.001"));
   const std::string text = read_file(batch);
   ASSERT_EQ(old_batch.size(), text.size()) << "the batch file was not shortened";

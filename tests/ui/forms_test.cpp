@@ -93,15 +93,11 @@ TEST_F(Mouse, PressAndReleaseGiveDownUpClickInOrder) {
   POINT pt{55, 50};
   ::ClientToScreen(form.hwnd(), &pt);
   EXPECT_EQ(HTCLIENT, image.send(WM_NCHITTEST, 0, MAKELPARAM(pt.x, pt.y)));
-  image.send(WM_MOUSEMOVE, 0, MAKELPARAM(3, 4));
-  image.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 4));
-  image.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 4));
-  image.send(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(3, 4));
-  image.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 4));
-  image.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 4));
-  image.send(WM_LBUTTONUP, 0, MAKELPARAM(300, 4));
-  image.send(WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(3, 4));
-  image.send(WM_RBUTTONUP, 0, MAKELPARAM(3, 4));
+  const struct { UINT msg; WPARAM keys; int x; } events[] = {
+      {WM_MOUSEMOVE, 0, 3},        {WM_LBUTTONDOWN, MK_LBUTTON, 3}, {WM_LBUTTONUP, 0, 3},
+      {WM_LBUTTONDBLCLK, MK_LBUTTON, 3}, {WM_LBUTTONUP, 0, 3},      {WM_LBUTTONDOWN, MK_LBUTTON, 3},
+      {WM_LBUTTONUP, 0, 300},      {WM_RBUTTONDOWN, MK_RBUTTON, 3}, {WM_RBUTTONUP, 0, 3}};
+  for (const auto& e : events) image.send(e.msg, e.keys, MAKELPARAM(e.x, 4));
   EXPECT_EQ("M0 D1@3,4 U1 C W U1 D1@3,4 U1 D2@3,4 U2 ", log);
 }
 
