@@ -127,12 +127,8 @@ TEST(FsoFolder, ListsFilesAndSubfoldersAndSumsTheTree) {
             sorted_names(files, [](const File& f) { return f.Name; }));
   for (const auto& f : files) {
     EXPECT_EQ(dir / f.Name, f.Path);
-    if (f.Name == "one.txt") {
-      EXPECT_EQ(5.0, f.Size);
-    }
-    if (f.Name == "three.sys") {
-      EXPECT_TRUE(f.Attributes & FILE_ATTRIBUTE_HIDDEN);
-    }
+    if (f.Name == "one.txt") { EXPECT_EQ(5.0, f.Size); }
+    if (f.Name == "three.sys") { EXPECT_TRUE(f.Attributes & FILE_ATTRIBUTE_HIDDEN); }
   }
   EXPECT_EQ((std::vector<std::string>{"alpha", "beta"}),
             sorted_names(folder.SubFolders(), [](const Folder& f) { return f.Name(); }));

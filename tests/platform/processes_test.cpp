@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "platform/rt_error.h"
@@ -10,16 +9,7 @@
 namespace wh {
 namespace {
 
-TEST(Processes, SnapshotFindsThisProcess) {
-  std::vector<ProcessEntry> list;
-  ASSERT_EQ(rt_ok, process_snapshot(list));
-  auto me = std::find_if(list.begin(), list.end(),
-                         [](const ProcessEntry& e) { return e.pid == GetCurrentProcessId(); });
-  ASSERT_NE(list.end(), me);
-  EXPECT_EQ(0, lstrcmpiA("test_platform.exe", me->exe.c_str())) << me->exe;
-  EXPECT_GE(me->threads, 1u);
-}
-
+// The snapshot, names and numbers: tests/system's task manager test.
 TEST(Processes, ChildExitCodeWhenWaited) {
   ProcessResult r;
   ASSERT_EQ(rt_ok, create_process("C:\\windows\\system32\\cmd.exe /c exit 3", true, r));

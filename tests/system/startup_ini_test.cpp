@@ -56,6 +56,9 @@ TEST(IniItems, WhatEachFileYieldsAndTheOrderOfTheRows) {
 
   EXPECT_EQ((Texts{"a.exe", "", "b.exe", "c.exe", " tray.exe", "C:\\a.txt", "C:\\b.txt"}),
             ini_rows(ini));
+  // A line the file no longer has keeps its items.
+  read_win_ini(read_records("[windows]\r\n"), ini);
+  EXPECT_EQ((Texts{"a.exe", "", "b.exe"}), ini.load_items);
 }
 
 TEST(IniItems, NothingBehindTheHeadsGivesNoRow) {
@@ -67,13 +70,6 @@ TEST(IniItems, NothingBehindTheHeadsGivesNoRow) {
   // Heads are case-sensitive and anchored.
   read_win_ini(read_records("Load=x\r\nxload=y\r\n;load=z\r\n"), ini);
   EXPECT_EQ(Texts{}, ini.load_items);
-}
-
-TEST(IniItems, ALineTheFileNoLongerHasKeepsItsItems) {
-  IniStartup ini;
-  read_win_ini(read_records("load=a.exe\r\n"), ini);
-  read_win_ini(read_records("[windows]\r\n"), ini);
-  EXPECT_EQ(Texts{"a.exe"}, ini.load_items);
 }
 
 TEST(IniLines, TheLoadAndRunSeparatorsDiffer) {

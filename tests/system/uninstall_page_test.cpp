@@ -81,9 +81,7 @@ protected:
     language_flag = 1;
     last_selected_index = 0;
     sequential_uninstall = 0;
-    save_setting("SEARChtip", "1");
-    save_setting("talpatip", "1");
-    save_setting("Xfoldertip", "1");
+    for (const char* tip : {"SEARChtip", "talpatip", "Xfoldertip"}) save_setting(tip, "1");
   }
   void TearDown() override {
     remove_test_entries();
@@ -100,6 +98,10 @@ protected:
       for (const std::string& k : reg_enum_keys(HKEY_LOCAL_MACHINE, uninstall_key, view))
         if (k.rfind("WhTest", 0) == 0)
           reg_delete_tree(HKEY_LOCAL_MACHINE, uninstall_key + "\\" + k, view);
+  }
+  int rows_named(const std::string& name) {
+    const std::vector<std::string> shown = rows(page_.List1);
+    return static_cast<int>(std::count(shown.begin(), shown.end(), name));
   }
   std::string command(const std::string& log, const std::string& tag, int ms = 0) {
     return "\"" + probe + "\" " + log + " " + tag + " " + std::to_string(ms);
@@ -132,8 +134,7 @@ TEST_F(Uninstall, ScanKeepsOneNamedRecordPerProgramAndTidiesTheKey) {
   const program_record* twin = record_named("WhTest Twin");
   ASSERT_NE(nullptr, twin);
   EXPECT_EQ("WhTestDupA", twin->key) << "the first of two equal names wins";
-  const std::vector<std::string> shown = rows(page_.List1);
-  EXPECT_EQ(1, std::count(shown.begin(), shown.end(), "WhTest Twin"));
+  EXPECT_EQ(1, rows_named("WhTest Twin"));
   const program_record* quiet = record_named("WhTest Quiet");
   ASSERT_NE(nullptr, quiet);
   EXPECT_EQ("C:\\q\\quiet.exe", quiet->uninstall);
@@ -222,7 +223,6 @@ TEST_F(Uninstall, ScanWorksOutEachProgramsFolderAndThePieMeasuresIt) {
 }
 
 TEST_F(Uninstall, TheMemoryFileMarksNewProgramsOnce) {
-  DeleteFileA(apps.c_str());
   entry("WhTestOld", {{"DisplayName", "WhTest Old"}});
   page_.scan_installed_programs();
   EXPECT_EQ(-1, row_of(page_.List1, "WhTest Old        <<<<NEW>>>>")) << "first scan: no marks";
@@ -304,14 +304,13 @@ TEST_F(Uninstall, BothViewsMakeOneListAndEachEntryKeepsItsView) {
   EXPECT_FALSE(has_entry("WhTestNameless", view32)) << "deleted in its own view";
   EXPECT_TRUE(has_entry("WhTestNameless", view64)) << "its twin of the other view stays";
   EXPECT_NE(-1, row_of(page_.List1, "WhTest Named Twin"));
-  const std::vector<std::string> shown = rows(page_.List1);
-  EXPECT_EQ(1, std::count(shown.begin(), shown.end(), "WhTest Twin View"));
-  ASSERT_NE(nullptr, record_named("WhTest Only32"));
-  EXPECT_EQ(view32, record_named("WhTest Only32")->view);
-  ASSERT_NE(nullptr, record_named("WhTest Only64"));
-  EXPECT_EQ(view64, record_named("WhTest Only64")->view);
-  ASSERT_NE(nullptr, record_named("WhTest Twin View"));
-  EXPECT_EQ(view64, record_named("WhTest Twin View")->view) << "the 64-bit view comes first";
+  EXPECT_EQ(1, rows_named("WhTest Twin View"));
+  // The twin's record is the 64-bit view's, which comes first.
+  for (auto [name, view] : {std::pair{"WhTest Only32", view32}, {"WhTest Only64", view64},
+                            {"WhTest Twin View", view64}}) {
+    ASSERT_NE(nullptr, record_named(name));
+    EXPECT_EQ(view, record_named(name)->view) << name;
+  }
 
   // Each row starts the uninstaller of its own entry.
   for (const char* name : {"WhTest Only64", "WhTest Only32", "WhTest Twin View"})
