@@ -43,6 +43,10 @@ std::string later_of(const std::string& a, const std::string& b) {
   return last;
 }
 
+void forget_browsers() {
+  for (std::string* browser : {&opera_folder, &firefox_folder, &firefox_profile}) browser->clear();
+}
+
 // Only folders right under program files count; the captions tell what
 // was found.
 TEST(Browsers, TheLaterMatchWinsAnyNameWithFirefoxCountsAndTheCaptionsTellThem) {
@@ -51,9 +55,7 @@ TEST(Browsers, TheLaterMatchWinsAnyNameWithFirefoxCountsAndTheCaptionsTellThem) 
   TestForm form;
   JunkShared shared(form);
   JunkPage page(form, shared.frame1, shared.File1, shared.Dir3, shared.Drive1, shared.k1);
-  opera_folder.clear();
-  firefox_folder.clear();
-  firefox_profile.clear();
+  forget_browsers();
   page.captions(1);
   ASSERT_TRUE(opera_folder.empty() && firefox_folder.empty()) << "the prefix has a browser";
   EXPECT_EQ("Temporary internet  files (IE)", page.check[5]->Caption());
@@ -79,9 +81,7 @@ TEST(Browsers, TheLaterMatchWinsAnyNameWithFirefoxCountsAndTheCaptionsTellThem) 
   EXPECT_EQ(profiles + "\\a.first\\", firefox_profile);
 
   remove_tree(mozilla);
-  opera_folder.clear();
-  firefox_folder.clear();
-  firefox_profile.clear();
+  forget_browsers();
 }
 
 }  // namespace

@@ -95,9 +95,7 @@ public:
     history_folder = dir.folder("history");
     appdata_folder = dir.folder("appdata");
     programs_folder = dir.folder("programs");
-    opera_folder.clear();
-    firefox_folder.clear();
-    firefox_profile.clear();
+    for (std::string* browser : {&opera_folder, &firefox_folder, &firefox_profile}) browser->clear();
     cache_folders.clear();
     junk_file_items.clear();
     junk_folder_items.clear();

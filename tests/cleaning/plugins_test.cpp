@@ -96,9 +96,8 @@ public:
 std::vector<std::string> panel(const MainForm& form) {
   std::vector<std::string> rows;
   for (int r = 1; r <= 5; ++r) {
-    std::string line = form.lcd.Line(r);
-    while (!line.empty() && line.back() == ' ') line.pop_back();
-    rows.push_back(line);
+    rows.push_back(form.lcd.Line(r));
+    rows.back().erase(rows.back().find_last_not_of(' ') + 1);
   }
   while (!rows.empty() && rows.back().empty()) rows.pop_back();
   return rows;

@@ -114,18 +114,16 @@ TEST(BrowserHistory, DeletesTheNewLinesFromTheCacheAndClearsAll) {
   opera_folder = dir / "Opera";
   firefox_folder = dir / "Mozilla Firefox";
   firefox_profile = dir / "profile\\";
-  const std::string autosave = dir.file("Opera\\Profile\\Sessions\\autosave.win", "s");
-  const std::string tmp = dir.file("Opera\\Profile\\Sessions\\x.tmp", "t");
-  const std::string session = dir.file("Opera\\Profile\\Sessions\\keep.win", "k");
-  const std::string opera_dir = dir.file("Opera\\Profile\\opera.dir", "d");
-  const std::string global = dir.file("Opera\\Profile\\global.dat", "g");
-  const std::string download = dir.file("Opera\\Profile\\download.dat", "w");
-  const std::string history = dir.file("profile\\history.dat", "h");
-  const std::string signons = dir.file("profile\\signons.txt", "p");
-  const std::string downloads = dir.file("profile\\downloads.rdf", "r");
-  const std::string cookies = dir.file("profile\\cookies.txt", "c");
-  SetFileAttributesA(opera_dir.c_str(), FILE_ATTRIBUTE_READONLY);  // Opera's go with force
-  SetFileAttributesA(signons.c_str(), FILE_ATTRIBUTE_READONLY);    // Firefox's without
+  std::vector<std::string> gone, kept;
+  for (const char* f : {"Opera\\Profile\\Sessions\\autosave.win", "Opera\\Profile\\Sessions\\x.tmp",
+                        "Opera\\Profile\\opera.dir", "Opera\\Profile\\global.dat",
+                        "Opera\\Profile\\download.dat", "profile\\history.dat", "profile\\downloads.rdf"})
+    gone.push_back(dir.file(f, "g"));
+  for (const char* f : {"Opera\\Profile\\Sessions\\keep.win", "profile\\signons.txt", "profile\\cookies.txt"})
+    kept.push_back(dir.file(f, "k"));
+  const std::string signons = dir / "profile\\signons.txt";
+  SetFileAttributesA((dir / "Opera\\Profile\\opera.dir").c_str(), FILE_ATTRIBUTE_READONLY);  // Opera's go with force
+  SetFileAttributesA(signons.c_str(), FILE_ATTRIBUTE_READONLY);  // Firefox's without
 
   TestForm form;
   ListBox& list = form.add<ListBox>("junk_files", Place{0, 0, 200, 200});
@@ -136,10 +134,8 @@ TEST(BrowserHistory, DeletesTheNewLinesFromTheCacheAndClearsAll) {
 
   EXPECT_EQ(0, list.ListCount());
   for (const std::string& url : kUrls) EXPECT_FALSE(cached(url)) << url;
-  for (const std::string& gone : {autosave, tmp, opera_dir, global, download, history, downloads})
-    EXPECT_FALSE(path_exists(gone)) << gone;
-  for (const std::string& kept : {session, signons, cookies})
-    EXPECT_TRUE(path_exists(kept)) << kept;
+  for (const std::string& path : gone) EXPECT_FALSE(path_exists(path)) << path;
+  for (const std::string& path : kept) EXPECT_TRUE(path_exists(path)) << path;
   SetFileAttributesA(signons.c_str(), FILE_ATTRIBUTE_NORMAL);
   opera_folder.clear();
   firefox_folder.clear();

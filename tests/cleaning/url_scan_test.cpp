@@ -4,6 +4,7 @@
 
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "cleaning/url_scan.h"
@@ -98,10 +99,9 @@ TEST(UrlScan, PiecesOfAnySizeFindWhatOneByteAtATimeFinds) {
         at += n;
       }
       ASSERT_EQ(expected, found) << "round " << round;
-      ASSERT_EQ(plain.window, state.window) << "round " << round;
-      ASSERT_EQ(plain.window_length, state.window_length) << "round " << round;
-      ASSERT_EQ(plain.capturing, state.capturing) << "round " << round;
-      ASSERT_EQ(plain.url, state.url) << "round " << round;
+      ASSERT_EQ(std::tie(plain.window, plain.window_length, plain.capturing, plain.url),
+                std::tie(state.window, state.window_length, state.capturing, state.url))
+          << "round " << round;
     }
   }
 }

@@ -63,18 +63,14 @@ TEST(HarrowAll18, TracesGoAndEveryBystanderStaysByteForByte) {
   wh::test::restore_pending(pending);
 
   for (const auto& [path, bytes] : bystanders) EXPECT_EQ(bytes, read_file(path)) << path;
-  EXPECT_FALSE(path_exists(history));
-  EXPECT_FALSE(path_exists(vlink));
-  EXPECT_FALSE(path_exists(signons));
+  for (const std::string& gone : {history, vlink, signons}) EXPECT_FALSE(path_exists(gone)) << gone;
   for (const std::string& list : lists) EXPECT_FALSE(wh::test::key_exists(HKEY_CURRENT_USER, list)) << list;
   std::string text = "?";
   clipboard_get_text(text);
   EXPECT_EQ("", text);
   EXPECT_FALSE(path_exists("c:\\temp"));
   for (int i = 1; i <= 18; ++i) EXPECT_EQ(0, page.check[i]->Value()) << i;
-  opera_folder.clear();
-  firefox_folder.clear();
-  firefox_profile.clear();
+  for (std::string* browser : {&opera_folder, &firefox_folder, &firefox_profile}) browser->clear();
 }
 
 }  // namespace

@@ -56,12 +56,9 @@ TEST(IndexFiles, KillByNameMatchesTheBaseNameWithoutExe) {
 TEST(IndexFiles, OverwrittenScheduledHistoryEmptiedExplorerStopped) {
   // Any cache call makes the prefix's three index files.
   FILETIME ft{};
-  CommitUrlCacheEntryA("Visited: user@http://index.example/", nullptr, ft, ft,
-                       URLHISTORY_CACHE_ENTRY | NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
-  CommitUrlCacheEntryA("http://index.example/", nullptr, ft, ft, NORMAL_CACHE_ENTRY, nullptr, 0,
-                       nullptr, nullptr);
-  CommitUrlCacheEntryA("Cookie:user@index.example/", nullptr, ft, ft,
-                       COOKIE_CACHE_ENTRY | NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
+  for (auto [url, type] : {std::pair{"Visited: user@http://index.example/", URLHISTORY_CACHE_ENTRY},
+                          {"http://index.example/", 0}, {"Cookie:user@index.example/", COOKIE_CACHE_ENTRY}})
+    CommitUrlCacheEntryA(url, nullptr, ft, ft, type | NORMAL_CACHE_ENTRY, nullptr, 0, nullptr, nullptr);
   cache_folder = special_folder(0x20);
   cookies_folder = special_folder(0x21);
   history_folder = special_folder(0x22);
@@ -111,9 +108,7 @@ TEST(IndexFiles, OverwrittenScheduledHistoryEmptiedExplorerStopped) {
       EXPECT_NE(before_bytes, read_file(f));
     }
   }
-  EXPECT_FALSE(path_exists(old_cache));
-  EXPECT_FALSE(path_exists(note));
-  EXPECT_FALSE(path_exists(deep));
+  for (const std::string& gone : {old_cache, note, deep}) EXPECT_FALSE(path_exists(gone)) << gone;
   EXPECT_EQ(0, explorers());
   EXPECT_FALSE(path_exists("c:\\temp"));
   // The second spelling of step 4 lacks its backslash.
