@@ -171,11 +171,39 @@ void firefox_profile(Expect& expect, const std::wstring& family, const std::wstr
     expect.gone_folder(caches + L"\\" + cache);
 }
 
-Holder::Holder(const std::wstring& path)
-    : file_(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)) {}
+Holder::Holder(const std::wstring& path) {
+  wchar_t self[MAX_PATH] = {};
+  GetModuleFileNameW(nullptr, self, MAX_PATH);
+  std::wstring line = L"\"" + std::wstring(self) + L"\" hold \"" + path + L"\"";
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &process_))
+    return;
+  // Held once nobody else may open it.
+  for (int tries = 0; tries < 200 && !holding_; ++tries) {
+    HANDLE probe = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (probe != INVALID_HANDLE_VALUE)
+      CloseHandle(probe);
+    else
+      holding_ = GetLastError() == ERROR_SHARING_VIOLATION;
+    if (!holding_) Sleep(50);
+  }
+}
 
 Holder::~Holder() {
-  if (holding()) CloseHandle(file_);
+  if (!process_.hProcess) return;
+  TerminateProcess(process_.hProcess, 0);
+  WaitForSingleObject(process_.hProcess, 10000);
+  CloseHandle(process_.hProcess);
+  CloseHandle(process_.hThread);
+}
+
+int hold_main(const wchar_t* path) {
+  HANDLE file = CreateFileW(path, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return 1;
+  Sleep(120000);  // ended by the test long before
+  return 0;
 }
 
 Language::Language(const char* value) { wh::save_setting("limba", value); }

@@ -1,7 +1,7 @@
 #pragma once
 // What the pack's tests share: the real folders of the prefix the plug-ins
 // read (made by a test and removed again, down to the first folder it made),
-// files held open without sharing, the pack registered from
+// files held open by another process, the pack registered from
 // C:\wh\plugins\ (test.sh puts it there) and reached as the program reaches
 // it, by class name and late-bound members.
 //
@@ -86,20 +86,22 @@ void chromium_user_data(Expect& expect, const std::wstring& data);
 // cache2, startupCache and thumbnails go whole.
 void firefox_profile(Expect& expect, const std::wstring& family, const std::wstring& name);
 
-// A file held open with no sharing, as a running browser or Explorer holds
-// its caches (sharing is checked per open, so a handle of this process does);
-// it is let go with the object.
+// Another process holding a file open with no sharing, as a running browser
+// or Explorer holds its caches; it ends with the object.
 class Holder {
 public:
   explicit Holder(const std::wstring& path);
   ~Holder();
   Holder(const Holder&) = delete;
   Holder& operator=(const Holder&) = delete;
-  bool holding() const { return file_ != INVALID_HANDLE_VALUE; }
+  bool holding() const { return holding_; }
 
 private:
-  HANDLE file_;
+  PROCESS_INFORMATION process_{};
+  bool holding_ = false;
 };
+// The child's side: `test_plugins hold <path in UTF-8>`.
+int hold_main(const wchar_t* path);
 
 // The program's language in its key store, "limba" ("romana" or
 // "engleza"); the store goes at the end, as the form tests leave it.

@@ -29,8 +29,9 @@ const std::wstring plugin_folder = L"C:\\wh\\JunkHarrower Plugins";
 Lines panel(const Mainu& m) {
   Lines rows;
   for (int r = 1; r <= 5; ++r) {
-    rows.push_back(m.lcd.Line(r));
-    rows.back().erase(rows.back().find_last_not_of(' ') + 1);
+    std::string line = m.lcd.Line(r);
+    while (!line.empty() && line.back() == ' ') line.pop_back();
+    rows.push_back(line);
   }
   while (!rows.empty() && rows.back().empty()) rows.pop_back();
   return rows;
