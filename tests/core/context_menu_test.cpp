@@ -39,10 +39,8 @@ protected:
 TEST_F(ContextMenu, RegisterWritesBothVerbsAndUnregisterRemovesAllFour) {
   EXPECT_TRUE(register_context_menu());
   const std::string command = app_path() + "\\" + app_exe_name() + ".exe %1";
-  EXPECT_EQ("Wellharrow", default_value(keys[0]));
-  EXPECT_EQ(command, default_value(keys[1]));
-  EXPECT_EQ("Wellshred", default_value(keys[2]));
-  EXPECT_EQ(command, default_value(keys[3]));
+  const std::string values[4] = {"Wellharrow", command, "Wellshred", command};
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(values[i], default_value(keys[i])) << keys[i];
   // Written again over themselves, as each start with the box ticked does.
   EXPECT_TRUE(register_context_menu());
   EXPECT_EQ(command, default_value(keys[3]));
@@ -57,7 +55,5 @@ TEST_F(ContextMenu, AFirstKeyRemovedBySomeoneElseStopsTheChainAtOnce) {
   ASSERT_TRUE(register_context_menu());
   ASSERT_EQ(ERROR_SUCCESS, reg_delete_key(HKEY_CLASSES_ROOT, keys[1]));
   EXPECT_FALSE(unregister_context_menu());
-  EXPECT_TRUE(key_exists(keys[0]));
-  EXPECT_TRUE(key_exists(keys[2]));
-  EXPECT_TRUE(key_exists(keys[3]));
+  for (int i : {0, 2, 3}) EXPECT_TRUE(key_exists(keys[i])) << keys[i];
 }

@@ -1,6 +1,8 @@
 // Size texts and path pieces: every list and label of the program shows them.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "core/cmdline.h"
 #include "core/paths.h"
 #include "core/text.h"
@@ -28,10 +30,9 @@ TEST(SizeText, EachRangeWithItsCut) {
 }
 
 TEST(PathPieces, ParentPath) {
-  EXPECT_EQ("C:", parent_path("C:\\x.txt"));
-  EXPECT_EQ("", parent_path("x.txt"));
-  EXPECT_EQ("C:\\a\\b", parent_path("C:\\a\\b\\c"));
-  EXPECT_EQ("C:\\a", parent_path("C:\\a\\"));
+  for (auto [in, out] : {std::pair{"C:\\x.txt", "C:"}, {"x.txt", ""}, {"C:\\a\\b\\c", "C:\\a\\b"},
+                         {"C:\\a\\", "C:\\a"}})
+    EXPECT_EQ(out, parent_path(in)) << in;
   // The first "\" lies beyond the byte's reach: the walk never starts.
   EXPECT_EQ("", parent_path(std::string(300, 'a') + "\\x"));
   // Everything within reach still works on a long path.
@@ -46,11 +47,9 @@ TEST(PathPieces, ParentPath) {
 }
 
 TEST(PathPieces, FileExtension) {
-  EXPECT_EQ("C", file_extension("a.b.c"));
-  EXPECT_EQ(" ", file_extension("noext"));
-  EXPECT_EQ(".HIDDEN", file_extension(".hidden"));
-  EXPECT_EQ("", file_extension("dot."));
-  EXPECT_EQ("TXT", file_extension(".x.txt"));
+  for (auto [in, out] : {std::pair{"a.b.c", "C"}, {"noext", " "}, {".hidden", ".HIDDEN"},
+                         {"dot.", ""}, {".x.txt", "TXT"}})
+    EXPECT_EQ(out, file_extension(in)) << in;
 }
 
 TEST(Text, CaseOfLettersInAnyAlphabetKeepsEveryBytePosition) {
@@ -68,14 +67,12 @@ TEST(Text, CaseOfLettersInAnyAlphabetKeepsEveryBytePosition) {
 }
 
 TEST(PathPieces, BackslashAndJoin) {
-  EXPECT_EQ("", add_backslash("   "));
-  EXPECT_EQ("C:\\a\\", add_backslash(" C:\\a "));
-  EXPECT_EQ("C:\\a\\", add_backslash("C:\\a\\"));
-  EXPECT_EQ("C:\\", add_backslash("C:"));
-  EXPECT_EQ("C:\\x", join_path("C:\\", "x"));
-  EXPECT_EQ("C:\\a\\x", join_path("C:\\a", "x"));
-  EXPECT_EQ("C:\\a\\\\x", join_path("C:\\a\\", "x"));
-  EXPECT_EQ("C:\\x", join_path("C:", "x"));
+  for (auto [in, out] : {std::pair{"   ", ""}, {" C:\\a ", "C:\\a\\"}, {"C:\\a\\", "C:\\a\\"},
+                         {"C:", "C:\\"}})
+    EXPECT_EQ(out, add_backslash(in)) << in;
+  for (auto [in, out] : {std::pair{"C:\\", "C:\\x"}, {"C:\\a", "C:\\a\\x"},
+                         {"C:\\a\\", "C:\\a\\\\x"}, {"C:", "C:\\x"}})
+    EXPECT_EQ(out, join_path(in, "x")) << in;
 }
 
 TEST(Text, LeadingNumber) {
@@ -98,12 +95,11 @@ PathKind fake_disk(const std::string& p) {
 }  // namespace
 
 TEST(CommandLine, StartWords) {
-  EXPECT_TRUE(start_words("start").restart);
-  EXPECT_FALSE(start_words("start").tray);
-  EXPECT_TRUE(start_words("X start").tray);
-  EXPECT_TRUE(start_words("C:\\restart\\Xfiles").tray);
+  EXPECT_TRUE(start_words("start").restart && !start_words("start").tray);
+  for (auto [line, tray] :
+       {std::pair{"X start", true}, {"C:\\restart\\Xfiles", true}, {"X", false}})
+    EXPECT_EQ(tray, start_words(line).tray) << line;
   EXPECT_FALSE(start_words("START X").restart);
-  EXPECT_FALSE(start_words("X").tray);
 }
 
 TEST(CommandLine, UnquotedIsOnePath) {

@@ -87,7 +87,6 @@ TEST(Progress, BarsGrowWithThePercentAndShowIt) {
   // Row 1 stays clear of the centred number.
   const COLORREF bar = GetPixel(m.Picture13.hdc(), 1, 1);
   auto lit = [&](PictureBox& box, int x) { return GetPixel(box.hdc(), x, 1) == bar; };
-  m.spProg2(0);
   ASSERT_NE(GetPixel(m.Picture13.hdc(), 300, 1), bar);
   EXPECT_TRUE(lit(m.Picture13, 25));  // 30 pixels even at nothing
   EXPECT_FALSE(lit(m.Picture13, 40));

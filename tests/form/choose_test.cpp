@@ -10,6 +10,7 @@
 #include "core/choose.h"
 #include "core/globals.h"
 #include "core/text.h"
+#include "hover_help.h"
 #include "form/mainu.h"
 #include "support/scratch.h"
 #include "ui/ui.h"
@@ -22,10 +23,7 @@ namespace {
 
 // As a user answers: over a picture, then a click on the frame that followed.
 void point_at(const ImageButton& picture) { picture.send(WM_MOUSEMOVE, 0, MAKELPARAM(20, 20)); }
-void click(const ImageButton& b) {
-  b.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
-  b.send(WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
-}
+void click(const ImageButton& b) { wh::test::click(b, 20, 20); }
 
 bool topmost(HWND w) { return (GetWindowLongA(w, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
 

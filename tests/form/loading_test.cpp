@@ -4,12 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include "hover_help.h"
 #include "support/form_test.h"
 #include "core/globals.h"
 #include "core/loading.h"
 #include "core/settings.h"
 
 using namespace wh;
+using wh::test::click;
 using wh::test::StoreTest;
 
 namespace {
@@ -17,10 +19,6 @@ namespace {
 void select(const OptionButton& o) {
   SendMessageA(GetParent(o.hwnd()), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(o.hwnd()), BN_CLICKED),
                reinterpret_cast<LPARAM>(o.hwnd()));
-}
-void click(const ImageButton& b) {
-  b.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
-  b.send(WM_LBUTTONUP, 0, MAKELPARAM(4, 4));
 }
 
 class LoadingTest : public StoreTest {

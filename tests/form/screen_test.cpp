@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "program.h"
+#include "support/scratch.h"
 #include "support/form_test.h"
 #include "core/settings.h"
 #include "core/skin_layout.h"
@@ -89,19 +90,14 @@ Shot screen_shot() {
 
 uint32_t rgb(COLORREF c) { return (GetRValue(c) << 16) | (GetGValue(c) << 8) | GetBValue(c); }
 
-// A part of the shot as a 24-bit BMP file.
+// A part of the shot as a top-down 32-bit BMP file: 0x00RRGGBB is its
+// blue, green, red, unused byte order already.
 void save_bmp(const Shot& s, const RECT& r, const std::string& path) {
-  const int w = r.right - r.left, h = r.bottom - r.top, pad = (4 - w * 3 % 4) % 4;
+  const int w = r.right - r.left, h = r.bottom - r.top;
+  auto bytes = [](const void* p, size_t n) { return std::string(static_cast<const char*>(p), n); };
   std::string data;
-  for (int y = h - 1; y >= 0; --y) {
-    for (int x = 0; x < w; ++x) {
-      const uint32_t v = s.at(r.left + x, r.top + y);
-      data += static_cast<char>(v & 0xFF);
-      data += static_cast<char>((v >> 8) & 0xFF);
-      data += static_cast<char>((v >> 16) & 0xFF);
-    }
-    data.append(pad, '\0');
-  }
+  for (int y = 0; y < h; ++y)
+    data += bytes(&s.px[static_cast<size_t>(r.top + y) * s.width + r.left], w * 4);
   BITMAPFILEHEADER fh{};
   BITMAPINFOHEADER ih{};
   fh.bfType = 0x4D42;
@@ -109,17 +105,11 @@ void save_bmp(const Shot& s, const RECT& r, const std::string& path) {
   fh.bfSize = fh.bfOffBits + static_cast<DWORD>(data.size());
   ih.biSize = sizeof ih;
   ih.biWidth = w;
-  ih.biHeight = h;
+  ih.biHeight = -h;
   ih.biPlanes = 1;
-  ih.biBitCount = 24;
+  ih.biBitCount = 32;
   ih.biSizeImage = static_cast<DWORD>(data.size());
-  CreateDirectoryA(artefacts, nullptr);
-  HANDLE f = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-  DWORD put = 0;
-  WriteFile(f, &fh, sizeof fh, &put, nullptr);
-  WriteFile(f, &ih, sizeof ih, &put, nullptr);
-  WriteFile(f, data.data(), static_cast<DWORD>(data.size()), &put, nullptr);
-  CloseHandle(f);
+  test::write_file(path, bytes(&fh, sizeof fh) + bytes(&ih, sizeof ih) + data);
 }
 
 // How many pixels of a button on the screen differ from a picture resource.
@@ -178,11 +168,9 @@ TEST_F(Screen, TheShapedWindowItsLitButtonAndADragThatIsStored) {
   save_bmp(plain, r, std::string(artefacts) + "\\window.bmp");
   // Outside the outline the backdrop shows; inside, the skin.
   const uint32_t magenta = rgb(backdrop);
-  EXPECT_EQ(magenta, plain.at(r.left, r.top));
-  EXPECT_EQ(magenta, plain.at(r.right - 1, r.top));
-  EXPECT_EQ(magenta, plain.at(r.left, r.bottom - 1));
-  EXPECT_EQ(magenta, plain.at(r.right - 1, r.bottom - 1));
-  EXPECT_EQ(magenta, plain.at((r.left + r.right) / 2, r.top + 3));
+  for (POINT p : {POINT{r.left, r.top}, {r.right - 1, r.top}, {r.left, r.bottom - 1},
+                  {r.right - 1, r.bottom - 1}, {(r.left + r.right) / 2, r.top + 3}})
+    EXPECT_EQ(magenta, plain.at(p.x, p.y)) << p.x << "," << p.y;
   EXPECT_NE(magenta, plain.at(r.left + 40, r.top + 40));
   EXPECT_NE(magenta, plain.at((r.left + r.right) / 2, (r.top + r.bottom) / 2));
   EXPECT_EQ(0, differences(plain, r, skin::del, "DELETE_JOS"));

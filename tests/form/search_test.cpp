@@ -6,16 +6,15 @@
 #include "support/form_test.h"
 
 using namespace wh;
+using wh::test::run_key;
 
 namespace {
-
-const char* const run_key = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 
 class Search : public test::StoreTest {
 protected:
   void TearDown() override {
-    reg_delete_value(HKEY_CURRENT_USER, run_key, "WhTestSought");
-    reg_delete_value(HKEY_CURRENT_USER, run_key, "WhTestOther");
+    for (const char* name : {"WhTestSought", "WhTestOther"})
+      reg_delete_value(HKEY_CURRENT_USER, run_key, name);
     StoreTest::TearDown();
   }
 };

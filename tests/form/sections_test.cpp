@@ -26,27 +26,18 @@ public:
     note("del_duplicates");
     ActiveSection = 9;  // a block that moves the section runs no other block
   }
-  void del_startup_items() override { note("del_startup_items"); }
   void del_junk() override {
     note("del_junk");
     ticked_when_harrowed = 0;
     for (int i = 1; i <= 18; ++i) ticked_when_harrowed += junk_page.check[i]->Value();
   }
-  void del_uninstall() override { note("del_uninstall"); }
-  void del_tasks() override { note("del_tasks"); }
-  void del_split() override { note("del_split"); }
-  void del_disk_explorer() override { note("del_disk_explorer"); }
-  void del_floppy() override { note("del_floppy"); }
-  void del_shred() override { note("del_shred"); }
-  void delall_tasks() override { note("delall_tasks"); }
-  void ref_startup() override { note("ref_startup"); }
-  void ref_junk() override { note("ref_junk"); }
-  void ref_uninstall() override { note("ref_uninstall"); }
-  void ref_tasks() override { note("ref_tasks"); }
-  void ref_disk_explorer() override { note("ref_disk_explorer"); }
-  void ref_split() override { note("ref_split"); }
-  void ref_floppy() override { note("ref_floppy"); }
-  void ref_shred() override { note("ref_shred"); }
+#define NOTED(block) \
+  void block() override { note(#block); }
+  NOTED(del_startup_items) NOTED(del_uninstall) NOTED(del_tasks) NOTED(del_split)
+  NOTED(del_disk_explorer) NOTED(del_floppy) NOTED(del_shred) NOTED(delall_tasks)
+  NOTED(ref_startup) NOTED(ref_junk) NOTED(ref_uninstall) NOTED(ref_tasks)
+  NOTED(ref_disk_explorer) NOTED(ref_split) NOTED(ref_floppy) NOTED(ref_shred)
+#undef NOTED
 
   int ticked_when_harrowed = -1;  // category boxes ticked when the junk block ran
 };

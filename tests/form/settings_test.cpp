@@ -2,6 +2,7 @@
 // Options page, on the real form and the real registry of the prefix.
 #include <gtest/gtest.h>
 
+#include "hover_help.h"
 #include "support/form_test.h"
 #include "platform/files.h"
 #include "platform/memory.h"
@@ -105,7 +106,11 @@ TEST_F(LoadSettings, OnlyThe45thStartInEnglishAsksForAppreciation) {
     Poweroff& p = poweroff();
     EXPECT_TRUE(p.Visible() && topmost(p.hwnd()));
     EXPECT_TRUE(p.Label3.Visible() && p.md.Visible() && p.sm.Visible() && p.sp.Visible());
-    poweroff_unload();
+    const size_t before = boxes.count();
+    wh::test::click(p.sp);  // the post button shows the address and closes
+    EXPECT_FALSE(poweroff_loaded());
+    ASSERT_EQ(before + 1, boxes.count());
+    EXPECT_EQ("My adress", boxes.last().title);
   }
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cleaning/junk_support.h"
+#include "hover_help.h"
 #include "support/form_test.h"
 #include "support/scratch.h"
 #include "core/choose.h"
@@ -40,12 +41,10 @@ void tray_message(Mainu& m, UINT message) {
   do_events();
 }
 
-void click(Control& c, UINT down, UINT up, WPARAM keys) {
-  c.send(down, keys, MAKELPARAM(3, 3));
-  c.send(up, 0, MAKELPARAM(3, 3));
+void to_tray(Mainu& m) {
+  m.Image10.send(WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(3, 3));
+  m.Image10.send(WM_RBUTTONUP, 0, MAKELPARAM(3, 3));
 }
-
-void to_tray(Mainu& m) { click(m.Image10, WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON); }
 
 class Tray : public StoreTest {
 protected:
@@ -85,7 +84,7 @@ TEST_F(Tray, RightClickOnMinimiseGoesToTheTrayAndTheIconsLeftButtonComesBack) {
   EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
 
   // The left button on minimise only minimises.
-  click(m->Image10, WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON);
+  wh::test::click(m->Image10);
   EXPECT_TRUE(IsIconic(m->hwnd()));
   EXPECT_FALSE(icon_stands(m->Picture4.hwnd()));
 }
@@ -199,10 +198,8 @@ protected:
 
 TEST_F(QuickActions, HarrowAllCleansWhatSection8WouldUnderTheBusyIconAndStaysInTheTray) {
   const char* const mru = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\RunMRU";
-  HKEY k = nullptr;
-  ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyA(HKEY_CURRENT_USER, mru, &k));
-  RegSetValueExA(k, "a", 0, REG_SZ, reinterpret_cast<const BYTE*>("notepad\\1"), 10);
-  RegCloseKey(k);
+  reg_set_value(HKEY_CURRENT_USER, mru, "a", "notepad\\1");
+  ASSERT_EQ("notepad\\1", reg_get_value(HKEY_CURRENT_USER, mru, "a"));
 
   Meniu& menu = form->meniu();
   menu.harrowalljunk_Click();
@@ -210,6 +207,7 @@ TEST_F(QuickActions, HarrowAllCleansWhatSection8WouldUnderTheBusyIconAndStaysInT
   EXPECT_TRUE(form->busy_icon);
   EXPECT_FALSE(form->main_icon);
   EXPECT_FALSE(path_exists(form->junk));
+  HKEY k = nullptr;
   EXPECT_NE(ERROR_SUCCESS, RegOpenKeyExA(HKEY_CURRENT_USER, mru, 0, KEY_READ, &k));
   for (int i = 1; i <= 18; ++i) EXPECT_EQ(0, form->junk_page.check[i]->Value()) << i;
 

@@ -10,6 +10,7 @@
 #include "core/choose.h"
 #include "core/globals.h"
 #include "core/routines.h"
+#include "hover_help.h"
 #include "platform/shell_link.h"
 #include "support/form_test.h"
 #include "support/scratch.h"
@@ -91,12 +92,11 @@ TEST_F(UninstallForm, TheSearchSelectsAcrossTheListAndEnterUninstallsEveryHit) {
   int enter = 13;
   m.Text6_KeyPress(enter);
   EXPECT_FALSE(m.search.Visible());
-  std::string text;
   // Started without waiting, in either order: wait for both ends.
+  std::string text;
   auto ended = [&] { return text.find("one end") != text.npos && text.find("two end") != text.npos; };
   for (int tries = 0; tries < 800 && !ended(); ++tries, Sleep(25)) text = read_file(log);
-  EXPECT_NE(std::string::npos, text.find("one end"));
-  EXPECT_NE(std::string::npos, text.find("two end"));
+  EXPECT_TRUE(ended()) << text;
   EXPECT_EQ(std::string::npos, text.find("miss"));
 }
 
@@ -106,8 +106,7 @@ void CALLBACK answer_harrow(HWND, UINT, UINT_PTR id, DWORD) {
   KillTimer(nullptr, id);
   Choose& c = choose();
   c.Image1.send(WM_MOUSEMOVE, 0, MAKELPARAM(20, 20));
-  c.Image4.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 20));
-  c.Image4.send(WM_LBUTTONUP, 0, MAKELPARAM(20, 20));
+  test::click(c.Image4, 20, 20);
 }
 
 TEST_F(UninstallForm, AShortcutOnTheCommandLineRunsItsUninstallerAndTheProgramEnds) {

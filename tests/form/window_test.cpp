@@ -103,26 +103,27 @@ TEST_F(WindowTest, TheHarrowTipComesWithTheFirstHoverOnly) {
 }
 
 TEST_F(WindowTest, DraggingTheSurfaceMovesTheWindowAndStoresItsPlaceInTwips) {
+  // From (150, 40) to (x, y) on the surface with a button held; where the
+  // window stood before the button came up.
+  auto drag = [&](int x, int y, UINT down = WM_LBUTTONDOWN, WPARAM held = MK_LBUTTON) {
+    SendMessageA(m->hwnd(), down, held, MAKELPARAM(150, 40));
+    move_on_surface(*m, x, y, held);
+    const POINT at{m->Left(), m->Top()};
+    SendMessageA(m->hwnd(), down + 1, 0, MAKELPARAM(x, y));
+    return at;
+  };
   m->Move(300, 200, m->Width(), m->Height());
-  SendMessageA(m->hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(150, 40));
-  move_on_surface(*m, 190, 70, MK_LBUTTON);
-  EXPECT_EQ(340, m->Left());
-  EXPECT_EQ(230, m->Top());
-  SendMessageA(m->hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(190, 70));
+  const POINT at = drag(190, 70);
+  EXPECT_EQ(340, at.x);
+  EXPECT_EQ(230, at.y);
   EXPECT_EQ("5100", setting("left"));
   EXPECT_EQ("3450", setting("top"));
 
   // Off the left edge: stored as it is, and read back as it is.
   m->Move(10, 200, m->Width(), m->Height());
-  SendMessageA(m->hwnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(150, 40));
-  move_on_surface(*m, 110, 40, MK_LBUTTON);
-  SendMessageA(m->hwnd(), WM_LBUTTONUP, 0, MAKELPARAM(110, 40));
+  drag(110, 40);
   EXPECT_EQ("-450", setting("left"));
-
-  // A move with another button held does not drag.
-  SendMessageA(m->hwnd(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(150, 40));
-  move_on_surface(*m, 190, 70, MK_RBUTTON);
-  SendMessageA(m->hwnd(), WM_RBUTTONUP, 0, MAKELPARAM(190, 70));
+  drag(190, 70, WM_RBUTTONDOWN, MK_RBUTTON);  // another button held does not drag
   EXPECT_EQ(-30, m->Left());
 
   Mainu& again = start_form();
@@ -132,21 +133,8 @@ TEST_F(WindowTest, DraggingTheSurfaceMovesTheWindowAndStoresItsPlaceInTwips) {
 
 TEST_F(WindowTest, TheCloseButtonEndsTheProgram) {
   EndHook end;
-  m->Image1.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
-  m->Image1.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+  wh::test::click(m->Image1);
   EXPECT_TRUE(end.called());
-}
-
-TEST_F(WindowTest, TheAppreciationWindowsPostButtonShowsTheAddressAndCloses) {
-  Poweroff& p = poweroff();
-  for (Control* c : std::initializer_list<Control*>{&p.md, &p.sm, &p.sp, &p.Label3})
-    c->Visible(true);
-  ScriptedDialogs boxes;
-  p.sp.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
-  p.sp.send(WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
-  EXPECT_FALSE(poweroff_loaded());
-  ASSERT_EQ(1u, boxes.count());
-  EXPECT_EQ("My adress", boxes.last().title);
 }
 
 TEST_F(WindowTest, ThePowerButtonSchedulesThroughTheFormsTimers) {

@@ -8,6 +8,8 @@
 #include <atomic>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "core/globals.h"
 #include "core/settings.h"
@@ -23,27 +25,23 @@ namespace {
 constexpr double MB = 1048576;
 
 TEST(MonitorText, SizeTextsCutTheirDecimalsAndKeepWholeMegabytesWhole) {
-  EXPECT_EQ(monitor_size_text(1023), "1023 B");
-  EXPECT_EQ(monitor_size_text(1024), "1 KB");
-  EXPECT_EQ(monitor_size_text(MB - 1), "1023 KB");
-  EXPECT_EQ(monitor_size_text(5 * MB), "5M");
-  EXPECT_EQ(monitor_size_text(1.999 * MB), "1.99M");  // cut, not rounded
-  EXPECT_EQ(monitor_size_text(2.567 * 1024 * MB), "2.56G");
+  // Cut, not rounded.
+  for (auto [n, text] : {std::pair{1023.0, "1023 B"}, {1024.0, "1 KB"}, {MB - 1, "1023 KB"},
+                         {5 * MB, "5M"}, {1.999 * MB, "1.99M"}, {2.567 * 1024 * MB, "2.56G"}})
+    EXPECT_EQ(monitor_size_text(n), text) << n;
   EXPECT_EQ(drive_size_text(3.14159 * MB), "3.14M");
   EXPECT_EQ(tray_tip_text("C:2.5G ", 3 * MB, "12%"), "C:2.5G   RAM:3M  CPU : 12%");
 }
 
 TEST(MonitorText, PanelLinesInBothLanguages) {
-  PanelLines en = panel_lines(1, "7%", 300 * MB, 2048 * MB, 42);
-  EXPECT_EQ(en.cpu, "CPU       : 7%    ");
-  EXPECT_EQ(en.ram, "RAM free  :  300M");
-  EXPECT_EQ(en.total, "    total :  2G");
-  EXPECT_EQ(en.load, "MEM load  : 42%    ");
-  PanelLines ro = panel_lines(2, "100%", 1.25 * MB, 512 * MB, 9);
-  EXPECT_EQ(ro.cpu, "CPU        : 100%  ");
-  EXPECT_EQ(ro.ram, "RAM liber  :1.25M");
-  EXPECT_EQ(ro.total, "    total  :512M");
-  EXPECT_EQ(ro.load, "MEM incarct: 9%   ");
+  using Lines = std::vector<std::string>;
+  auto lines = [](const PanelLines& p) { return Lines{p.cpu, p.ram, p.total, p.load}; };
+  EXPECT_EQ(lines(panel_lines(1, "7%", 300 * MB, 2048 * MB, 42)),
+            (Lines{"CPU       : 7%    ", "RAM free  :  300M", "    total :  2G",
+                   "MEM load  : 42%    "}));
+  EXPECT_EQ(lines(panel_lines(2, "100%", 1.25 * MB, 512 * MB, 9)),
+            (Lines{"CPU        : 100%  ", "RAM liber  :1.25M", "    total  :512M",
+                   "MEM incarct: 9%   "}));
   EXPECT_EQ(panel_lines(2, cpu_text(-1), 1, MB, 1).cpu, "CPU        :    ");
   // The number, not its "%", decides the padding: 100 takes one blank less,
   // so that every figure from 10 up makes a line of one length.
@@ -60,12 +58,12 @@ TEST(MonitorText, PanelLinesInBothLanguages) {
 }
 
 TEST(CpuUsage, RatioOfIdleToSystemTimePerProcessor) {
-  EXPECT_EQ(cpu_percent(10000000, 10000000, 2), 50);  // one busy core of two
-  EXPECT_EQ(cpu_percent(20000000, 10000000, 2), 0);
-  EXPECT_EQ(cpu_percent(19400000, 10000000, 2), 3);
-  // d_sys of 0: no division; the ratio is d_idle in the decimal's scale.
-  EXPECT_EQ(cpu_percent(0, 0, 2), 100);
-  EXPECT_EQ(cpu_percent(10000, 0, 2), 50);
+  // One busy core of two is 50; a d_sys of 0 divides nothing: the ratio is
+  // d_idle in the decimal's scale.
+  const struct { int64_t idle, sys; int percent; } cases[] = {
+      {10000000, 10000000, 50}, {20000000, 10000000, 0}, {19400000, 10000000, 3},
+      {0, 0, 100}, {10000, 0, 50}};
+  for (const auto& c : cases) EXPECT_EQ(cpu_percent(c.idle, c.sys, 2), c.percent) << c.idle;
   EXPECT_THROW(cpu_percent(INT64_C(1) << 50, 0, 1), RuntimeError);
 }
 

@@ -76,20 +76,18 @@ TEST_F(PowerOffTest, ThreeQuietTicksOfEveryWatchedFolderOrOfNonePowerOff) {
   schedule.set_folders(a + "|" + b + "||");
   ASSERT_EQ(schedule.upper_bound(), 2);
   EXPECT_EQ(schedule.watched_folders[2].path, b);
-  schedule.Autoshutdown_Timer();  // a's size is news: no quiet tick
-  EXPECT_EQ(schedule.quiet_ticks, 0);
-  schedule.Autoshutdown_Timer();
-  schedule.Autoshutdown_Timer();
-  EXPECT_EQ(schedule.quiet_ticks, 2);
+  auto ticks = [&](int n) {
+    for (int i = 0; i < n; ++i) schedule.Autoshutdown_Timer();
+    return schedule.quiet_ticks;
+  };
+  EXPECT_EQ(ticks(1), 0);  // a's size is news: no quiet tick
+  EXPECT_EQ(ticks(2), 2);
   // A change in one of the two starts the count again.
   dir.file("b\\part2.bin", std::string(50, 'y'));
-  schedule.Autoshutdown_Timer();
-  EXPECT_EQ(schedule.quiet_ticks, 0);
-  schedule.Autoshutdown_Timer();
-  schedule.Autoshutdown_Timer();
+  EXPECT_EQ(ticks(1), 0);
+  EXPECT_EQ(ticks(2), 2);
   EXPECT_EQ(offs, 0);
-  schedule.Autoshutdown_Timer();
-  EXPECT_EQ(schedule.quiet_ticks, 3);
+  EXPECT_EQ(ticks(1), 3);
   EXPECT_EQ(offs, 1);
   EXPECT_TRUE(calls.empty()) << "the schedule's own seam was called, not the machine's";
 
@@ -97,7 +95,7 @@ TEST_F(PowerOffTest, ThreeQuietTicksOfEveryWatchedFolderOrOfNonePowerOff) {
   schedule.quiet_ticks = 0;  // as arming the watch does
   EXPECT_EQ(schedule.upper_bound(), 0);
   // No folder: every tick is quiet (0 of 0), and the third powers off.
-  for (int i = 0; i < 3; ++i) schedule.Autoshutdown_Timer();
+  ticks(3);
   EXPECT_EQ(offs, 2);
 }
 

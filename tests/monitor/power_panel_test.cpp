@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/globals.h"
 #include "core/settings.h"
 #include "monitor/power_panel.h"
@@ -110,9 +112,7 @@ TEST_F(PowerPanelTest, TheDownloadWatchNeedsFoldersFromTheWindowAndStartsFromZer
   EXPECT_TRUE(panel.Image32.Visible());
   EXPECT_EQ(panel.schedule.shutdown_armed, 0) << "the watch sets no time";
 
-  form.Autoshutdown.Tick();  // the first size is news
-  form.Autoshutdown.Tick();
-  form.Autoshutdown.Tick();
+  for (int i = 0; i < 3; ++i) form.Autoshutdown.Tick();  // the first size is news
   EXPECT_EQ(panel.schedule.quiet_ticks, 2);
   panel.color_Click();
   EXPECT_FALSE(form.Autoshutdown.Enabled());
@@ -123,14 +123,12 @@ TEST_F(PowerPanelTest, TheDownloadWatchNeedsFoldersFromTheWindowAndStartsFromZer
 
 TEST_F(PowerPanelTest, TheTimeBoxesTakeDigitsBelowTheirLimits) {
   now = {13, 42};
-  panel.hh.Text("24");
-  EXPECT_EQ(panel.hh.Text(), "13");
-  panel.hh.Text("23");
-  EXPECT_EQ(panel.hh.Text(), "23");
-  panel.mm.Text("60");
-  EXPECT_EQ(panel.mm.Text(), "42");
-  panel.mm.Text("59");
-  EXPECT_EQ(panel.mm.Text(), "59");
+  // {box, typed, kept}: a figure at the limit falls back to the clock's.
+  for (auto [box, typed, kept] : {std::tuple{&panel.hh, "24", "13"}, {&panel.hh, "23", "23"},
+                                  {&panel.mm, "60", "42"}, {&panel.mm, "59", "59"}}) {
+    box->Text(typed);
+    EXPECT_EQ(box->Text(), kept) << typed;
+  }
   for (int key : {int('7'), 8}) {
     int ascii = key;
     panel.hh_KeyPress(ascii);
@@ -151,10 +149,8 @@ TEST_F(PowerPanelTest, TheFolderListSavesEveryChangeAndFeedsTheWatch) {
   panel.Image15_Click();
   SelectFolder& w = *panel.select_folder();
   EXPECT_EQ(w.Caption(), "What folders do you want Wellharrower to monitor?");
-  w.Image34_Click();
-  w.Image34_Click();  // cancelled: nothing added, the list saved as it is
-  w.Image34_Click();
-  w.Image34_Click();
+  // The second is cancelled: nothing added, the list saved as it is.
+  for (int i = 0; i < 4; ++i) w.Image34_Click();
   ASSERT_EQ(boxes.folder_titles.size(), 4u);
   EXPECT_EQ(boxes.folder_titles[0], "Select a folder");
   // A trailing backslash goes, a root's too.
